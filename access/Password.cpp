@@ -1,0 +1,1 @@
+#include "access/Password.h"

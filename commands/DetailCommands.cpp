@@ -1,0 +1,1 @@
+#include "commands/DetailCommands.h"

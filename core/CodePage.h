@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+/// The single-byte code page that every text in memory and on disk is written in.
+/// Byte 0x00 to 0x7F is ASCII in every code page.
+class CodePage {
+  public:
+    using UnicodeTable = std::array<char16_t, 256>;
+    using UpperCaseTable = std::array<char, 256>;
+
+    CodePage(const UnicodeTable& toUnicode, const UpperCaseTable& toUpperCase);
+
+    /// The Western code page, used wherever the system has none of its own.
+    static const CodePage& windows1252();
+
+    std::string upperCase(std::string_view text) const;
+
+    /// Negative, zero or positive as `left` stands before, beside or behind `right`
+    /// when the letters' case is disregarded.
+    int compareIgnoringCase(std::string_view left, std::string_view right) const;
+
+    std::u16string toUtf16(std::string_view text) const;
+    std::string toUtf8(std::string_view text) const;
+
+    /// A character that the page lacks becomes "?".
+    std::string fromUtf16(std::u16string_view text) const;
+    std::string fromUtf8(std::string_view text) const;
+
+    /// The byte for one Unicode character; nothing where the page lacks it.
+    std::optional<char> fromUnicode(char32_t character) const;
+
+  private:
+    UnicodeTable toUnicode_;
+    UpperCaseTable toUpperCase_;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+/// An exact decimal number of any length. Typed fractions count as the decimals that were typed,
+/// so averages and percentages of them are computed here and never in floating point.
+class Decimal {
+  public:
+    Decimal() = default;
+    explicit Decimal(std::int64_t number);
+
+    /// The leading number of `text`, exactly; 0 when it has none.
+    static Decimal fromText(std::string_view text);
+
+    Decimal& operator+=(const Decimal& other);
+
+    /// This number x `factor` / `divisor`, cut toward minus infinity to a whole number.
+    /// Requires factor >= 0 and divisor != 0.
+    Decimal scaledDown(std::int64_t factor, std::int64_t divisor) const;
+
+    bool isNegative() const;
+
+    /// The decimal text, without needless zeros: "7.25", "12", "-0.5", "0".
+    std::string text() const;
+
+    /// A whole number of tenths as text with its decimal point: 944 is "94.4", 1000 is "100".
+    /// Requires a whole number, as scaledDown gives it.
+    std::string tenthsText() const;
+
+    /// The digits of a whole number as 64 bits, stopping at their ends. A fraction is cut
+    /// toward minus infinity.
+    std::int64_t toInteger() const;
+
+  private:
+    bool negative_ = false;
+    std::string digits_;  // most significant first, no leading zeros before the fraction
+    std::size_t fractionDigits_ = 0;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace quorvel {
+
+/// A grade from "A" to "F".
+enum class LetterGrade : char { A = 'A', B = 'B', C = 'C', D = 'D', E = 'E', F = 'F' };
+
+/// The percentages that the grades A to E need, and whether thresholds are lowered by a half point.
+struct GradingScale {
+    static constexpr std::array<std::int16_t, 5> defaultMinimums{94, 86, 76, 70, 60};
+    static constexpr const char* roundUpOn = "0.5";
+    static constexpr const char* roundUpOff = "0";
+
+    /// Whole percentages for A, B, C, D and E, in that order.
+    std::array<std::int16_t, 5> minimums = defaultMinimums;
+    /// The allowance as text: "0.5" (round up) or "0" (no rounding).
+    std::string roundUp = roundUpOff;
+
+    bool operator==(const GradingScale&) const = default;
+
+    /// The grade of a percentage given in tenths of a percent.
+    LetterGrade letterFor(std::int64_t percentageTenths) const;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorvel {
+
+/// The part of `text` that reads as a number: digits with at most one decimal point, with an
+/// optional sign, behind any blanks. The blanks are not part of the result, the sign is.
+/// Empty when the text does not start with a number.
+std::string_view leadingNumberText(std::string_view text);
+
+/// The leading number of `text`; 0 when it has none.
+double leadingNumber(std::string_view text);
+
+/// The shortest decimal text that reads back the same, never in exponent form; "-0" is "0".
+std::string decimalText(double number);
+std::string decimalText(float number);
+
+/// The nearest whole number, exact halves to the even neighbour. Numbers beyond the range of the
+/// result stop at its ends; what is not a number gives 0.
+std::int64_t roundHalfEven(double number);
+
+/// `dividend` / `divisor` as the nearest whole number, exact halves to the even neighbour.
+/// Requires divisor > 0.
+std::int64_t divideHalfEven(std::int64_t dividend, std::int64_t divisor);
+
+/// `dividend` / `divisor` cut toward minus infinity. Requires divisor != 0.
+std::int64_t divideDown(std::int64_t dividend, std::int64_t divisor);
+
+/// The rule for typed scores and point values: a number whose fraction is one half or more
+/// becomes its whole part plus 1, a smaller fraction stays. Requires number >= 0 or any value;
+/// the whole part is the greatest whole number not above it.
+double roundHalfUpKeepingSmallFraction(double number);
+
+/// A figure held in tenths as decimal text: 944 is "94.4", 1000 is "100", -1 is "-0.1".
+std::string tenthsText(std::int64_t tenths);
+
+/// The row or column that a typed number means: halves to even, 0 (none) when the rounded number
+/// is outside 1 to `count`.
+int numberInRange(double typed, int count);
+
+}  // namespace quorvel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/Decimal.h"
+#include "core/TaggedValue.h"
+
+namespace quorvel {
+
+/// One score cell: empty, the text "E" (excused), a number typed as text, or a whole number.
+/// A value of another numeric type read from a file keeps its type.
+class Score {
+  public:
+    /// The empty cell.
+    Score() = default;
+    explicit Score(TaggedValue value) : value_(std::move(value)) {}
+
+    static Score ofText(std::string_view text) { return Score(TaggedValue(std::string(text))); }
+    static Score excused() { return ofText(excusedMark); }
+    /// The whole number 0 (not text) that new cells are given.
+    static Score zero() { return Score(TaggedValue(std::int16_t{0})); }
+
+    /// The mark of an excused score.
+    static constexpr std::string_view excusedMark = "E";
+
+    bool isEmpty() const { return std::holds_alternative<std::monostate>(value_); }
+    bool isExcused() const;
+    /// Neither empty nor excused.
+    bool isNumeric() const { return !isEmpty() && !isExcused(); }
+
+    const TaggedValue& value() const { return value_; }
+    /// What the editor and the prompts show: "E", decimal text, or nothing.
+    std::string text() const { return textOf(value_); }
+    /// The exact numeric reading; 0 for an empty or excused cell.
+    Decimal reading() const;
+
+    bool operator==(const Score&) const = default;
+
+  private:
+    TaggedValue value_;
+};
+
+/// The score that a typed text stands for: upper-cased "E" is excused; anything else is its leading
+/// number without sign, a fraction of one half or more rounded up and a smaller one kept, as text.
+/// `upperCased` is the typed text in upper case.
+Score scoreFromEntry(std::string_view upperCased);
+
+}  // namespace quorvel

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/WorkingState.h"
+
+namespace quorvel {
+
+enum class Icon { None, Critical, Information };
+enum class Buttons { Ok, OkCancel, YesNo };
+enum class Answer { Ok, Cancel, Yes, No };
+
+struct Prompt {
+    std::string_view title;
+    std::string_view question;  // lines are separated by CR LF
+    std::string_view defaultAnswer = "";
+};
+
+struct Message {
+    std::string_view text;  // lines are separated by CR LF
+    std::string_view title = programName;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+};
+
+/// What a password window does after one entry was submitted.
+struct PasswordStep {
+    bool close = false;
+    std::string caption;  // the window's caption from now on
+};
+
+/// Everything that asks the user something. Every call is modal and returns when it was answered.
+class Dialogs {
+  public:
+    /// The longest answer that a prompt box takes: what a text record holds.
+    static constexpr std::size_t maximumAnswerLength = 126;
+
+    virtual ~Dialogs() = default;
+
+    /// The answer; empty when the box was cancelled, which counts as an empty answer everywhere.
+    virtual std::string prompt(const Prompt& prompt) = 0;
+    virtual Answer message(const Message& message) = 0;
+
+    /// The chosen file, which exists; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> openFile(
+        std::string_view title, const std::filesystem::path& startFolder) = 0;
+    /// The chosen place, with ".qrv" where no extension was typed; nothing when cancelled.
+    virtual std::optional<std::filesystem::path> saveFile(
+        std::string_view title, const std::filesystem::path& startFolder) = 0;
+
+    /// The chosen font; nothing when cancelled.
+    virtual std::optional<PrintFont> chooseFont(const PrintFont& current) = 0;
+
+    /// Shows a window with a masked text box and a button "Submit", and calls `submit` with each
+    /// entry until it asks to close. The box is empty again after each entry. Message boxes shown
+    /// by `submit` belong to this window. Returns false when the window's close box ended it.
+    virtual bool passwordWindow(
+        std::string_view caption,
+        const std::function<PasswordStep(std::string_view entry)>& submit) = 0;
+};
+
+}  // namespace quorvel

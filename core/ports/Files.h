@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvel {
+
+using Bytes = std::vector<std::byte>;
+
+/// A file being written. Destroying it closes it.
+class OutputFile {
+  public:
+    virtual ~OutputFile() = default;
+    /// False when not all bytes could be written.
+    virtual bool append(std::span<const std::byte> bytes) = 0;
+    /// Brings everything to the disk; false when that failed.
+    virtual bool flush() = 0;
+};
+
+/// The one layer that every file operation goes through. Failures are return values: what a
+/// failure means is the caller's to say. Paths are absolute.
+class Files {
+  public:
+    enum class OpenMode {
+        Replace,    // an empty file, an existing one is emptied
+        WriteOver,  // an existing file keeps its bytes behind those that are written
+    };
+
+    virtual ~Files() = default;
+
+    /// The whole file, or its first `limit` bytes; nothing when it cannot be read.
+    virtual std::optional<Bytes> read(const std::filesystem::path& file,
+                                      std::uint64_t limit = UINT64_MAX) = 0;
+    /// The bytes from `offset` on, empty behind the end; nothing when it cannot be read.
+    virtual std::optional<Bytes> readFrom(const std::filesystem::path& file,
+                                          std::uint64_t offset) = 0;
+    /// Nothing when the file cannot be opened for writing.
+    virtual std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) = 0;
+    /// Puts `from` in the place of `to` in one step; `to` may exist.
+    virtual bool replace(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    virtual bool remove(const std::filesystem::path& file) = 0;
+    virtual bool exists(const std::filesystem::path& path) = 0;
+    virtual bool createFolder(const std::filesystem::path& folder) = 0;
+    /// The files of a folder (not its subfolders) whose extension is `extension` in any case, such
+    /// as ".qrv", in the order of their names; empty when the folder cannot be read.
+    virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
+                                                    const std::filesystem::path& extension) = 0;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "core/CommandContext.h"
+
+namespace quorvel {
+
+void mnuNew(CommandContext& context);
+void mnuOpen(CommandContext& context);
+/// `index` is the number of the recent-file entry, from 1.
+void mnuPFile(CommandContext& context, int index);
+void mnuSave(CommandContext& context);
+void mnuSaveAs(CommandContext& context);
+void mnuExit(CommandContext& context);
+
+/// The question that closing the window and New ask about an unsaved sheet, and the save when the
+/// answer is yes. A save that fails then leaves the sheet in the Grades folder as "Recovered.qrv".
+void offerToSave(CommandContext& context);
+
+}  // namespace quorvel

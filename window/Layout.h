@@ -1,0 +1,42 @@
+#pragma once
+
+#include "core/ports/Shell.h"
+
+namespace quorvel {
+
+/// A place in the window's client area, in pixels.
+struct Rectangle {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// Where everything stands in the window. Pixels throughout.
+struct Layout {
+    bool small = false;  // a screen of exactly 640 x 480
+    int extraColumns = 0;
+    int rightColumnsShift = 0;
+    int visibleColumns = 0;
+    int listLines = 0;
+
+    int clientWidth = 0;
+    int clientHeight = 0;
+    int windowWidth = 0;  // with frame and menu; grown where a frame leaves less than the client area
+    int windowHeight = 0;
+
+    Rectangle lblSN, lblStudent, vsbS, txtSN, txtS;
+    Rectangle gridCanvas, hsbA, bottomCanvas;
+    Rectangle lblAvgScore, Label1, lblClassAvg;
+    Rectangle lblA1, lblA2, lblAV, lblAN, txtA, txtAV, vsbA;
+    int rowTextHeight = 0;   // cell height of the font of txtSN and txtS
+    int listTextHeight = 0;  // of lblAN, txtA and txtAV
+};
+
+inline constexpr int visibleRows = 20;
+inline constexpr int columnPitch = 30;
+inline constexpr int rowPitch = 14;
+
+Layout layoutFor(ScreenSize screen);
+
+}  // namespace quorvel

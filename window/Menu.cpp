@@ -1,0 +1,1 @@
+#include "window/Menu.h"

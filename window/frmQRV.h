@@ -1,0 +1,103 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/CommandContext.h"
+#include "window/Controls.h"
+#include "window/GlyphCanvas.h"
+#include "window/Layout.h"
+
+namespace quorvel {
+
+/// The controls of the main window as the program left them. The platform shows them; it changes
+/// them only through frmQRV's event handlers.
+struct Controls {
+    std::string caption = programName;
+    Label lblStudent{"Student Name"};
+    Label lblSN{"#"};
+    TextBox txtS;
+    TextBox txtSN;
+    Label lblAN{"1 2 3 4 5"};
+    Label lblA1{"#"};
+    Label lblA2{"Assignment Name"};
+    TextBox txtA;
+    Label lblAV{"Value"};
+    TextBox txtAV;
+    Label lblClassAvg{"Class Average:"};
+    Label lblAvgScore{"Average Score:"};
+    Label Label1{"Average Percent:"};
+    CellEditor txtEnter;
+    ScrollBar hsbA;
+    ScrollBar vsbA;
+    ScrollBar vsbS;
+};
+
+/// The main window: owner of the one sheet and of all working state. Its event handlers are what a
+/// platform calls when the user acts; after each it shows what controls() and the canvas hold.
+class frmQRV final : public MainWindow {
+  public:
+    /// The ports must outlive the window. `programFolder` is absolute.
+    frmQRV(Ports ports, std::filesystem::path programFolder, const CodePage& codePage);
+
+    /// Starts the program: the password window, then this window.
+    void start();
+    bool isOpen() const { return open_; }
+    /// True when the program is over; nothing may be called any more.
+    bool hasEnded() const { return ended_; }
+    /// Grows by one whenever the window was opened (again).
+    int openings() const { return openings_; }
+
+    /// Chooses an entry of menuItems() by its place. An entry under way is stored first; errors of
+    /// the command are shown in a message box.
+    void chooseMenu(int item);
+    /// The mouse went down on the window itself, at client pixels.
+    void Form_MouseDown(double x, double y);
+    void lblStudent_Click();
+    void lblSN_Click();
+    /// The user moved a scroll bar.
+    void scroll(ScrollBar Controls::*bar, int position);
+    /// The user changed the editor's text, or selected another part of it.
+    void txtEnter_Change(std::string_view text);
+    /// A key in the editor, as a virtual key code; 13 is Enter. Text arrives through txtEnter_Change.
+    void txtEnter_KeyDown(int keyCode);
+    /// The focus went from the editor to something else.
+    void leaveEditor();
+    /// The window's close box, and the end of the Windows session.
+    void closeBox();
+
+    const Controls& controls() const { return controls_; }
+    const Layout& layout() const { return layout_; }
+    const GradeSheet& sheet() const { return sheet_; }
+    const WorkingState& state() const { return state_; }
+
+    // What the commands ask of the window.
+    void RefreshGrid() override;
+    void hideEditor() override;
+    void setCaption(std::string_view caption) override;
+    void resetHeadings() override;
+    void setStudentScrollMaximum(int maximum) override;
+    bool showsAliases() const override;
+    void close() override;
+    void reload() override;
+    void endProgram() override;
+
+    /// What the editor holds at most: the text of one score record.
+    static constexpr std::size_t longestEntry = 124;
+
+  private:
+    void Form_Load();
+    CommandContext context() { return {sheet_, state_, *this, ports_}; }
+    GradeSheet sheet_;
+    WorkingState state_;
+    Ports ports_;
+    Controls controls_;
+    Layout layout_;
+    GlyphCanvas canvas_;
+    bool open_ = false;
+    bool ended_ = false;
+    int openings_ = 0;
+};
+
+}  // namespace quorvel

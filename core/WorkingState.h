@@ -45,6 +45,8 @@ struct MenuEntry {
 struct WorkingState {
     /// The folder of the executable: settings, bitmaps and the Grades folder live in it. Absolute.
     std::filesystem::path programFolder;
+    /// Where the start-up password is kept: outside the program's folder. Absolute.
+    std::filesystem::path passwordFile;
     /// The file that the sheet was last loaded from or saved to; empty when there is none. A
     /// relative path counts from the program's folder.
     std::filesystem::path currentPath;

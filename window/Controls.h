@@ -33,7 +33,8 @@ struct CellEditor {
     std::string text;
     bool visible = false;
     bool focused = false;
-    int left = 0;  // client pixels
+    int openings = 0;  // grows by one whenever the editor was opened, over whichever cell
+    int left = 0;      // client pixels
     int top = 0;
     /// The selected part of the text.
     std::size_t selectionStart = 0;

@@ -1,1 +1,103 @@
 #include "window/Layout.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr int twipsPerPixel = 15;
+constexpr int wideWindowWidth = 11220 / twipsPerPixel;
+constexpr int wideWindowHeight = 8415 / twipsPerPixel;
+constexpr ScreenSize smallScreen{640, 480};
+
+constexpr int scrollBarWidth = 17;
+constexpr int headingHeight = 14;
+constexpr int numberColumnWidth = 24;
+constexpr int nameColumnWidth = 109;
+constexpr int canvasLeft = scrollBarWidth + numberColumnWidth + nameColumnWidth;
+constexpr int shownCanvasHeight = 295;
+constexpr int footHeight = 42;
+constexpr int footTop = shownCanvasHeight + scrollBarWidth;
+constexpr int footLabelWidth = 148;
+constexpr int listTop = footTop + footHeight;
+constexpr int listHeadingHeight = 17;
+constexpr int listNumberWidth = 40;
+constexpr int listNameWidth = 283;
+constexpr int listValueWidth = 50;
+
+void placeRoster(Layout& layout) {
+    constexpr int height = visibleRows * rowPitch;
+    constexpr int namesLeft = scrollBarWidth + numberColumnWidth;
+    layout.lblSN = {scrollBarWidth, 0, numberColumnWidth, headingHeight};
+    layout.lblStudent = {namesLeft, 0, nameColumnWidth, headingHeight};
+    layout.vsbS = {0, headingHeight, scrollBarWidth, height};
+    layout.txtSN = {scrollBarWidth, headingHeight, numberColumnWidth, height};
+    layout.txtS = {namesLeft, headingHeight, nameColumnWidth, height};
+    layout.rowTextHeight = rowPitch;
+}
+
+void placeCanvases(Layout& layout, int canvasWidth) {
+    layout.gridCanvas = {canvasLeft, 0, canvasWidth, shownCanvasHeight};
+    layout.hsbA = {canvasLeft, shownCanvasHeight, canvasWidth, scrollBarWidth};
+    layout.bottomCanvas = {canvasLeft, footTop, canvasWidth, footHeight};
+    layout.lblAvgScore = {0, footTop, footLabelWidth, rowPitch};
+    layout.Label1 = {0, footTop + rowPitch, footLabelWidth, rowPitch};
+    layout.lblClassAvg = {0, footTop + 2 * rowPitch, footLabelWidth, rowPitch};
+}
+
+void placeAssignmentList(Layout& layout, int linesHeight) {
+    constexpr int linesTop = listTop + listHeadingHeight;
+    constexpr int nameLeft = scrollBarWidth + listNumberWidth;
+    constexpr int valueLeft = nameLeft + listNameWidth;
+    layout.vsbA = {0, listTop, scrollBarWidth, listHeadingHeight + linesHeight};
+    layout.lblA1 = {scrollBarWidth, listTop, listNumberWidth, listHeadingHeight};
+    layout.lblA2 = {nameLeft, listTop, listNameWidth, listHeadingHeight};
+    layout.lblAV = {valueLeft, listTop, listValueWidth, listHeadingHeight};
+    layout.lblAN = {scrollBarWidth, linesTop, listNumberWidth, linesHeight};
+    layout.txtA = {nameLeft, linesTop, listNameWidth, linesHeight};
+    layout.txtAV = {valueLeft, linesTop, listValueWidth, linesHeight};
+}
+
+Layout smallLayout() {
+    constexpr int canvasWidth = 438;
+    Layout layout;
+    layout.small = true;
+    layout.visibleColumns = 10;
+    layout.listLines = 5;
+    // Five lines in what is left under the bottom canvas need a slightly smaller letter.
+    layout.listTextHeight = 12;
+    placeRoster(layout);
+    placeCanvases(layout, canvasWidth);
+    placeAssignmentList(layout, layout.listLines * layout.listTextHeight);
+    layout.clientWidth = canvasLeft + canvasWidth + 2;
+    layout.clientHeight = layout.vsbA.top + layout.vsbA.height;
+    layout.windowWidth = layout.clientWidth;
+    layout.windowHeight = layout.clientHeight;
+    return layout;
+}
+
+Layout wideLayout() {
+    constexpr int canvasWidth = 588;
+    constexpr int listLinesHeight = 144;
+    Layout layout;
+    layout.extraColumns = 5;
+    layout.rightColumnsShift = columnPitch * layout.extraColumns;
+    layout.visibleColumns = 10 + layout.extraColumns;
+    layout.listLines = 5 + layout.extraColumns;
+    layout.listTextHeight = rowPitch;
+    placeRoster(layout);
+    placeCanvases(layout, canvasWidth);
+    placeAssignmentList(layout, listLinesHeight);
+    layout.clientWidth = canvasLeft + canvasWidth + 2;
+    layout.clientHeight = layout.vsbA.top + layout.vsbA.height;
+    layout.windowWidth = wideWindowWidth;
+    layout.windowHeight = wideWindowHeight;
+    return layout;
+}
+
+}  // namespace
+
+Layout layoutFor(ScreenSize screen) {
+    return screen == smallScreen ? smallLayout() : wideLayout();
+}
+
+}  // namespace quorvel

@@ -22,7 +22,8 @@ struct Layout {
 
     int clientWidth = 0;
     int clientHeight = 0;
-    int windowWidth = 0;  // with frame and menu; grown where a frame leaves less than the client area
+    int windowWidth =
+        0;  // with frame and menu; grown where a frame leaves less than the client area
     int windowHeight = 0;
 
     Rectangle lblSN, lblStudent, vsbS, txtSN, txtS;

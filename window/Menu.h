@@ -16,10 +16,11 @@ struct Accelerator {
 
 /// One entry of the menu bar, in the order of the menus.
 struct MenuItem {
-    std::string_view menu;     // the menu's caption, such as "&File"
-    std::string_view name;     // such as "mnuNew"; empty for a separator
-    std::string_view caption;  // with its mnemonic: "&New"; recent files have none of their own
-    Accelerator accelerator;
+    std::string_view menu = {};  // the menu's caption, such as "&File"
+    std::string_view name = {};  // such as "mnuNew"; empty for a separator
+    std::string_view caption =
+        {};  // with its mnemonic: "&New"; recent files have none of their own
+    Accelerator accelerator = {};
     void (*command)(CommandContext&) = nullptr;
     int recentFile = 0;  // the number of a recent-file entry, from 1; else 0
 };

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -38,8 +39,12 @@ struct Controls {
 /// platform calls when the user acts; after each it shows what controls() and the canvas hold.
 class frmQRV final : public MainWindow {
   public:
-    /// The ports must outlive the window. `programFolder` is absolute.
-    frmQRV(Ports ports, std::filesystem::path programFolder, const CodePage& codePage);
+    /// Everything in `ports` and the code page must outlive the window. `programFolder` and
+    /// `passwordFile` are absolute.
+    frmQRV(const Ports& ports, std::filesystem::path programFolder,
+           std::filesystem::path passwordFile, const CodePage& codePage);
+    frmQRV(const frmQRV&) = delete;
+    frmQRV& operator=(const frmQRV&) = delete;
 
     /// Starts the program: the password window, then this window.
     void start();
@@ -60,7 +65,8 @@ class frmQRV final : public MainWindow {
     void scroll(ScrollBar Controls::*bar, int position);
     /// The user changed the editor's text, or selected another part of it.
     void txtEnter_Change(std::string_view text);
-    /// A key in the editor, as a virtual key code; 13 is Enter. Text arrives through txtEnter_Change.
+    /// A key in the editor, as a virtual key code; 13 is Enter. Text arrives through
+    /// txtEnter_Change.
     void txtEnter_KeyDown(int keyCode);
     /// The focus went from the editor to something else.
     void leaveEditor();
@@ -69,6 +75,10 @@ class frmQRV final : public MainWindow {
 
     const Controls& controls() const { return controls_; }
     const Layout& layout() const { return layout_; }
+    /// The assignment in the leftmost score column, the student in the top row: 1-based, 0 for
+    /// none.
+    int firstVisibleAssignment() const { return firstVisibleAssignment_; }
+    int firstVisibleStudent() const { return firstVisibleStudent_; }
     const GradeSheet& sheet() const { return sheet_; }
     const WorkingState& state() const { return state_; }
 
@@ -87,14 +97,52 @@ class frmQRV final : public MainWindow {
     static constexpr std::size_t longestEntry = 124;
 
   private:
-    void Form_Load();
     CommandContext context() { return {sheet_, state_, *this, ports_}; }
+
+    void Form_Load();
+    void bindScrollBars();
+    void hsbA_Change();
+    void vsbA_Change();
+    void vsbS_Change();
+
+    // RefreshGrid, step by step.
+    void setScrollRanges();
+    void clearCanvas();
+    void showNames();
+    void showRowNumbers();
+    void showAssignmentList();
+    void drawColumnNumbers();
+    void drawScores();
+    void drawScore(int row, int column, int student, int assignment);
+
+    // The drawing of the class figures, which ends every refresh.
+    void drawClassFigures();
+    void drawResults(int row);
+    void showRanks();
+    void drawAssignmentAverages();
+    void drawClassAverage();
+
+    // In-place entry.
+    bool hitsCell(double x, double y) const;
+    bool openEditor(double x, double y);
+    void commitEntry();
+    void txtEnter_GotFocus();
+    void txtEnter_LostFocus();
+
+    int visibleStudents() const;
+    int visibleAssignments() const;
+
     GradeSheet sheet_;
     WorkingState state_;
     Ports ports_;
     Controls controls_;
     Layout layout_;
     GlyphCanvas canvas_;
+
+    std::int16_t firstVisibleAssignment_ = 0;
+    std::int16_t firstListedAssignment_ = 0;
+    std::int16_t firstVisibleStudent_ = 0;
+
     bool open_ = false;
     bool ended_ = false;
     int openings_ = 0;

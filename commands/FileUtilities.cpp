@@ -1,1 +1,109 @@
 #include "commands/FileUtilities.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/Paths.h"
+#include "storage/Settings.h"
+#include "storage/SheetFile.h"
+
+namespace quorvel {
+
+namespace {
+
+/// Copies a file to the floppy drive under its own name. Nobody is told when that fails.
+void copyToFloppy(CommandContext& context, const std::filesystem::path& file) {
+    std::filesystem::path copy = "A:\\";
+    copy += file.filename();
+    context.ports.shell.copyFile(file, copy);
+}
+
+/// True when the disk was inserted and the copying may begin.
+bool askForDisk(CommandContext& context) {
+    return context.ports.dialogs.message(
+               {.text = "Please insert a disk into the A: (Floppy) Drive to begin the backup.",
+                .title = "Backup",
+                .buttons = Buttons::OkCancel}) == Answer::Ok;
+}
+
+struct Assignment {
+    std::string name;
+    std::int16_t value = 0;
+};
+
+std::vector<Assignment> assignmentsOf(const GradeSheet& sheet) {
+    std::vector<Assignment> assignments;
+    for (int number = 1; number <= sheet.assignmentCount(); ++number)
+        assignments.push_back({sheet.assignmentName(number), sheet.assignmentValue(number)});
+    return assignments;
+}
+
+std::optional<int> countWhere(bool isSet, int count) {
+    return isSet ? std::optional(count) : std::nullopt;
+}
+
+/// Gives `sheet` the class name and the roster of `other`. Its own assignments stay, without a
+/// score, but for the last one: that becomes what `other` has in its place.
+void takeOverRoster(GradeSheet& sheet, const GradeSheet& other) {
+    std::vector<Assignment> assignments = assignmentsOf(sheet);
+    const int last = sheet.assignmentCount();
+    if (last > 0 && last <= other.assignmentCount())
+        assignments.back() = {other.assignmentName(last), other.assignmentValue(last)};
+
+    sheet.sheetTitle = other.sheetTitle;
+    sheet.recreate(countWhere(other.studentCountIsSet(), other.studentCount()),
+                   countWhere(sheet.assignmentCountIsSet(), last));
+    for (int student = 1; student <= other.studentCount(); ++student)
+        sheet.setStudent(student, other.studentName(student), other.studentAlias(student));
+    for (int number = 1; number <= last; ++number) {
+        const Assignment& assignment = assignments[static_cast<std::size_t>(number) - 1];
+        sheet.setAssignment(number, assignment.name, assignment.value);
+    }
+}
+
+}  // namespace
+
+void mnuBackup1(CommandContext& context) {
+    WorkingState& state = context.state;
+    if (state.currentPath.empty()) {
+        context.ports.dialogs.message(
+            {.text = "The file you currently are working on is not saved."});
+        return;
+    }
+    if (!askForDisk(context)) return;
+    state.sheetFileName = fileNameText(pathText(state.currentPath, *state.codePage));
+    copyToFloppy(context, state.inProgramFolder(state.currentPath));
+}
+
+void mnuBackup(CommandContext& context) {
+    if (!askForDisk(context)) return;
+    for (const std::filesystem::path& file :
+         context.ports.files.list(gradesFolder(context.state), ".qrv"))
+        copyToFloppy(context, file);
+}
+
+void mnuCopy(CommandContext& context) {
+    context.state.isDirty = true;
+    Dialogs& dialogs = context.ports.dialogs;
+    const Answer goOn =
+        dialogs.message({.text = "WARNING: This will delete all students and grades currently on "
+                                 "this grade sheet!  Continue?",
+                         .title = "Warning!",
+                         .buttons = Buttons::YesNo});
+    if (goOn != Answer::Yes) {
+        dialogs.message({.text = "Copy Students Cancelled"});
+        return;
+    }
+    const std::optional<std::filesystem::path> file =
+        dialogs.openFile("Copy Students From...", gradesFolder(context.state));
+    if (!file) return;
+
+    // A file that cannot be read reads as one without students.
+    const Bytes bytes = context.ports.files.read(*file).value_or(Bytes{});
+    takeOverRoster(context.sheet, decodeSheet(bytes));
+    context.window.setStudentScrollMaximum(context.sheet.studentCount());
+    context.window.RefreshGrid();
+}
+
+}  // namespace quorvel

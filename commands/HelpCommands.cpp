@@ -1,1 +1,23 @@
 #include "commands/HelpCommands.h"
+
+#include <string>
+
+#include "commands/Version.h"
+#include "core/Errors.h"
+
+namespace quorvel {
+
+void mnuHowToUse(CommandContext& context) {
+    const std::filesystem::path helpText = context.state.inProgramFolder("HowToUseQRV.txt");
+    if (!context.ports.shell.startMaximized(" notepad ", helpText))
+        throw Error("Notepad could not be started.");
+}
+
+void mnuAbout(CommandContext& context) {
+    const std::string text =
+        std::string(programName) + "\r\nVersion " + std::string(programVersion());
+    context.ports.dialogs.message(
+        {.text = text, .title = "About the Quorvel", .icon = Icon::Information});
+}
+
+}  // namespace quorvel

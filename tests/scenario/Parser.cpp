@@ -186,9 +186,11 @@ class ScenarioReader {
             scenario_.steps.push_back(
                 ExpectationStep{number_, std::string(source), parseExpectation(line)});
         } else if (auto setting = parseSetting(keyword, line)) {
-            scenario_.steps.push_back(SettingStep{number_, std::move(*setting)});
+            scenario_.steps.push_back(
+                SettingStep{number_, std::string(source), std::move(*setting)});
         } else if (auto action = parseAction(keyword, line)) {
-            scenario_.steps.push_back(ActionStep{number_, std::move(*action), {}});
+            scenario_.steps.push_back(
+                ActionStep{number_, std::string(source), std::move(*action), {}});
         } else {
             line.fail(keyword + " is no step");
         }

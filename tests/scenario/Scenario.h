@@ -309,11 +309,13 @@ struct FollowUp {
 
 struct SettingStep {
     int line = 0;
+    std::string source;
     Setting setting;
 };
 
 struct ActionStep {
     int line = 0;
+    std::string source;
     Action action;
     std::vector<FollowUp> followUps;
 };

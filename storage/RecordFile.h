@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,16 +27,17 @@ class RecordReader {
     explicit RecordReader(std::span<const std::byte> bytes) : bytes_(bytes) {}
 
     std::int16_t integer();
+    /// A text cut short by the end of its record is what there is of it.
     std::string text();
+    /// A value of unknown type is empty.
     TaggedValue taggedValue();
     /// True once the next record would start at or behind the end of the bytes.
-    bool atEnd() const { return position_ >= bytes_.size(); }
+    bool atEnd() const { return bytes_.empty(); }
 
   private:
     std::span<const std::byte> nextRecord();
 
-    std::span<const std::byte> bytes_;
-    std::size_t position_ = 0;
+    std::span<const std::byte> bytes_;  // what is still to be read
 };
 
 /// Writes values into records in order, into memory. The unused rest of a record is zeros. A text
@@ -48,14 +49,51 @@ class RecordWriter {
     void taggedValue(const TaggedValue& value);
 
     std::span<const std::byte> bytes() const { return bytes_; }
+    /// Starts over without giving the memory back.
+    void clear() { bytes_.clear(); }
 
   private:
+    std::span<std::byte> nextRecord();
+
     Bytes bytes_;
 };
 
+/// Writes values into a file block by block, so that its size does not matter.
+class RecordStream {
+  public:
+    /// `file` must outlive the stream.
+    explicit RecordStream(OutputFile& file) : file_(file) {}
+
+    /// What the next value is to be written into; it is not to be kept.
+    RecordWriter& next();
+    /// Writes whole records as they are.
+    void add(std::span<const std::byte> records);
+    /// Hands on what is still held.
+    void finish();
+    /// True once something could not be written; what follows is dropped.
+    bool failed() const { return failed_; }
+    /// The bytes handed on so far.
+    std::uint64_t length() const { return length_; }
+
+  private:
+    void handOn(std::span<const std::byte> records);
+
+    OutputFile& file_;
+    RecordWriter block_;
+    std::uint64_t length_ = 0;
+    bool failed_ = false;
+};
+
 /// Puts records into `file` so that at any moment, crashes included, it holds either its old bytes
-/// or the new ones: `records` and, behind them, what an older and longer file held there. False when
-/// nothing was changed.
+/// or the new ones: what `write` puts into the stream and, behind it, what an older and longer file
+/// held there. False when it failed; the file is then as it was.
+///
+/// The new content grows in a file beside it, which then takes its place. Where none can be made
+/// there, the file itself is written over, and put back as far as the disk allows when that fails.
+/// A file that is a link stays one.
+bool writeRecords(Files& files, const std::filesystem::path& file,
+                  const std::function<void(RecordStream&)>& write);
+/// The same for records that are in memory.
 bool writeRecords(Files& files, const std::filesystem::path& file,
                   std::span<const std::byte> records);
 

@@ -1,8 +1,24 @@
 #pragma once
 
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
 #include "core/CommandContext.h"
 
 namespace quorvel {
+
+/// The settings files, in the program's folder. Installations in the field have them.
+namespace settingsFile {
+inline constexpr std::string_view gradingScale = "GradingScale.qrv";
+inline constexpr std::string_view schoolName = "SchoolName.qrv";
+inline constexpr std::string_view teacherName = "TN.qrv";
+inline constexpr std::string_view recentFiles = "LS.qrv";
+inline constexpr std::string_view printFont = "DefaultPrintFont.qrv";
+/// Written when a font is chosen and never read: start-up goes on with the other one.
+inline constexpr std::string_view chosenPrintFont = "DefaultPrintFont.vzr";
+}  // namespace settingsFile
 
 /// Creates the Grades folder and reads grading scale, school name, teacher name and recent files
 /// with their defaults into the state (start-up's steps before the layout is chosen).
@@ -20,6 +36,10 @@ void writeChosenPrintFont(CommandContext& context);
 
 /// The folder that sheets are kept in.
 std::filesystem::path gradesFolder(const WorkingState& state);
+
+/// The first `records` records of a settings file, as far as they are there; empty without a file.
+Bytes readSettingsFile(Files& files, const std::filesystem::path& programFolder,
+                       std::string_view name, std::size_t records);
 
 /// Scale and names from a program folder, without touching it.
 struct ReportSettings {

@@ -50,6 +50,9 @@ class Files {
     /// as ".qrv", in the order of their names; empty when the folder cannot be read.
     virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
                                                     const std::filesystem::path& extension) = 0;
+    /// What `file` leads to where it is a link, so that what is put into its place goes there; else
+    /// `file` itself.
+    virtual std::filesystem::path followLink(const std::filesystem::path& file) { return file; }
 };
 
 }  // namespace quorvel

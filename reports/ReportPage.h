@@ -1,0 +1,71 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/ports/Printer.h"
+
+namespace quorvel {
+
+/// The pages of one print job, filled line by line. The job is cancelled unless finish() is
+/// reached.
+class ReportPage {
+  public:
+    ReportPage(Printer& printer, std::string_view jobTitle, Orientation orientation,
+               const PrintFont& font);
+    ~ReportPage();
+    ReportPage(const ReportPage&) = delete;
+    ReportPage& operator=(const ReportPage&) = delete;
+
+    /// Adds to the line under way, directly behind what it holds.
+    ReportPage& text(std::string_view text);
+    /// Adds `text` from `column` (counted from 1) on. Where the line already reaches past that
+    /// column, it ends and the text goes to the same column of the next line.
+    ReportPage& at(int column, std::string_view text);
+    /// Ends the line under way, which may be empty. A full page goes on at the top of a new one.
+    void endLine();
+    void line(std::string_view content);
+    void emptyLines(int count);
+    /// Starts a new page; no effect on a page that is still empty.
+    void newPage();
+
+    /// Starts a new page whose characters are as narrow as lines of `columns` characters need, and
+    /// whose lines stand as close as all lines until endFittedPage need, within reason.
+    void beginFittedPage(const PrintFont& font, int columns);
+    void endFittedPage();
+
+    /// Hands the job over. No line may be under way.
+    void finish();
+
+  private:
+    /// A run of text from a column on; `left` and `right` are where it stands in the printer's
+    /// units.
+    struct Piece {
+        int column = 1;
+        std::string text;
+        int left = 0;
+        int right = 0;
+    };
+    using Line = std::vector<Piece>;
+
+    int columnLeft(int column) const;
+    void layOut(Line& line);
+    void placeLine(Line line);
+    void narrowToPage(Line& line);
+
+    Printer& printer_;
+    PageSize page_;
+    PrintFont font_;
+    int characterWidth_ = 0;  // what the font was narrowed to; 0 is its own width
+    FontMeasure measure_;
+    int linePitch_ = 0;
+    int top_ = 0;
+    bool pageIsEmpty_ = true;
+    bool fittingPage_ = false;
+    bool finished_ = false;
+    Line line_;
+    std::vector<Line> heldLines_;
+};
+
+}  // namespace quorvel

@@ -1,1 +1,153 @@
 #include "core/CodePage.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace quorvel {
+
+namespace {
+
+constexpr char substitute = '?';
+constexpr char32_t asciiEnd = 0x80;
+constexpr char32_t supplementaryStart = 0x10000;
+constexpr char32_t unicodeEnd = 0x110000;
+
+/// The page's bytes 0x80 to 0x9F; all others are their own Unicode characters.
+constexpr std::array<char16_t, 32> windows1252Middle{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+unsigned char byteOf(char character) {
+    return static_cast<unsigned char>(character);
+}
+
+CodePage::UnicodeTable windows1252Unicode() {
+    CodePage::UnicodeTable table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte)
+        table[byte] = static_cast<char16_t>(byte);
+    std::ranges::copy(windows1252Middle, table.begin() + 0x80);
+    return table;
+}
+
+CodePage::UpperCaseTable windows1252UpperCase() {
+    CodePage::UpperCaseTable table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte) {
+        const bool isLetterWithUpperCase =
+            (byte >= 'a' && byte <= 'z') || (byte >= 0xE0 && byte <= 0xFE && byte != 0xF7);
+        table[byte] = static_cast<char>(isLetterWithUpperCase ? byte - 0x20 : byte);
+    }
+    table[0x9A] = '\x8A';
+    table[0x9C] = '\x8C';
+    table[0x9E] = '\x8E';
+    table[0xFF] = '\x9F';
+    return table;
+}
+
+void appendUtf8(std::string& text, char32_t character) {
+    const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+    if (character < asciiEnd) {
+        append(character);
+    } else if (character < 0x800) {
+        append(0xC0 | (character >> 6));
+        append(0x80 | (character & 0x3F));
+    } else {
+        append(0xE0 | (character >> 12));
+        append(0x80 | ((character >> 6) & 0x3F));
+        append(0x80 | (character & 0x3F));
+    }
+}
+
+/// Reads one character off the front of `text`; nothing, and one byte less, where it is damaged.
+std::optional<char32_t> takeUtf8(std::string_view& text) {
+    const char32_t first = byteOf(text.front());
+    text.remove_prefix(1);
+    if (first < asciiEnd) return first;
+    if (first < 0xC2 || first > 0xF4) return std::nullopt;
+    const std::size_t following = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    if (text.size() < following) return std::nullopt;
+    char32_t character = first & (0x3Fu >> following);
+    for (std::size_t i = 0; i < following; ++i) {
+        const char32_t byte = byteOf(text[i]);
+        if ((byte & 0xC0) != 0x80) return std::nullopt;
+        character = (character << 6) | (byte & 0x3F);
+    }
+    constexpr std::array<char32_t, 4> smallest{0, asciiEnd, 0x800, supplementaryStart};
+    const bool isSurrogate = character >= 0xD800 && character < 0xE000;
+    if (character < smallest[following] || character >= unicodeEnd || isSurrogate)
+        return std::nullopt;
+    text.remove_prefix(following);
+    return character;
+}
+
+bool startsPair(char16_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+bool endsPair(char16_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+}  // namespace
+
+CodePage::CodePage(const UnicodeTable& toUnicode, const UpperCaseTable& toUpperCase)
+    : toUnicode_(toUnicode), toUpperCase_(toUpperCase) {}
+
+const CodePage& CodePage::windows1252() {
+    static const CodePage page(windows1252Unicode(), windows1252UpperCase());
+    return page;
+}
+
+std::string CodePage::upperCase(std::string_view text) const {
+    std::string result(text);
+    for (char& character : result) character = toUpperCase_[byteOf(character)];
+    return result;
+}
+
+int CodePage::compareIgnoringCase(std::string_view left, std::string_view right) const {
+    // std::string orders its characters as unsigned bytes.
+    return upperCase(left).compare(upperCase(right));
+}
+
+std::u16string CodePage::toUtf16(std::string_view text) const {
+    std::u16string result;
+    result.reserve(text.size());
+    for (const char character : text) result += toUnicode_[byteOf(character)];
+    return result;
+}
+
+std::string CodePage::toUtf8(std::string_view text) const {
+    std::string result;
+    result.reserve(text.size());
+    for (const char character : text) appendUtf8(result, toUnicode_[byteOf(character)]);
+    return result;
+}
+
+std::string CodePage::fromUtf16(std::u16string_view text) const {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        result += fromUnicode(text[i]).value_or(substitute);
+        // No page holds a character beyond 16 bits: its two halves are one character that it lacks.
+        if (startsPair(text[i]) && i + 1 < text.size() && endsPair(text[i + 1])) ++i;
+    }
+    return result;
+}
+
+std::string CodePage::fromUtf8(std::string_view text) const {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const std::optional<char32_t> character = takeUtf8(text);
+        result += character ? fromUnicode(*character).value_or(substitute) : substitute;
+    }
+    return result;
+}
+
+std::optional<char> CodePage::fromUnicode(char32_t character) const {
+    if (character < asciiEnd) return static_cast<char>(character);
+    const auto found = std::ranges::find(toUnicode_, character);
+    if (found == toUnicode_.end()) return std::nullopt;
+    return static_cast<char>(found - toUnicode_.begin());
+}
+
+}  // namespace quorvel

@@ -1,1 +1,260 @@
 #include "core/Decimal.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "core/Numbers.h"
+
+namespace quorvel {
+
+namespace {
+
+__extension__ typedef __int128 Wide;
+__extension__ typedef unsigned __int128 WideUnsigned;
+
+/// Any number of this many digits fits into 64 bits.
+constexpr std::size_t shortDigits = 18;
+
+constexpr std::array<std::int64_t, shortDigits + 1> powersOfTen = [] {
+    std::array<std::int64_t, shortDigits + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+std::uint64_t magnitudeOf(std::int64_t number) {
+    return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
+}
+
+char digitOf(WideUnsigned value) {
+    return static_cast<char>('0' + static_cast<int>(value));
+}
+unsigned valueOf(char digit) {
+    return static_cast<unsigned>(digit - '0');
+}
+
+void stripLeadingZeros(std::string& digits) {
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
+std::string digitsOf(WideUnsigned number) {
+    std::string digits;
+    for (; number != 0; number /= 10) digits += digitOf(number % 10);
+    std::ranges::reverse(digits);
+    return digits;
+}
+
+/// Both with the same number of digits behind their decimal points.
+std::string sumOf(const std::string& left, const std::string& right) {
+    const std::string& longer = left.size() >= right.size() ? left : right;
+    const std::string& shorter = left.size() >= right.size() ? right : left;
+    std::string sum;
+    unsigned carry = 0;
+    for (std::size_t i = 0; i < longer.size(); ++i) {
+        carry += valueOf(longer[longer.size() - 1 - i]);
+        if (i < shorter.size()) carry += valueOf(shorter[shorter.size() - 1 - i]);
+        sum += digitOf(carry % 10);
+        carry /= 10;
+    }
+    if (carry != 0) sum += digitOf(carry);
+    std::ranges::reverse(sum);
+    return sum;
+}
+
+/// Requires larger >= smaller; neither with leading zeros.
+std::string differenceOf(const std::string& larger, const std::string& smaller) {
+    std::string difference;
+    unsigned borrow = 0;
+    for (std::size_t i = 0; i < larger.size(); ++i) {
+        const unsigned taken =
+            borrow + (i < smaller.size() ? valueOf(smaller[smaller.size() - 1 - i]) : 0);
+        const unsigned digit = valueOf(larger[larger.size() - 1 - i]);
+        borrow = digit < taken ? 1 : 0;
+        difference += digitOf(digit + borrow * 10 - taken);
+    }
+    std::ranges::reverse(difference);
+    return difference;
+}
+
+bool isBelow(const std::string& left, const std::string& right) {
+    return left.size() != right.size() ? left.size() < right.size() : left < right;
+}
+
+std::string productOf(const std::string& digits, std::uint64_t factor) {
+    std::string product;
+    WideUnsigned carry = 0;
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        carry += WideUnsigned{factor} * valueOf(*digit);
+        product += digitOf(carry % 10);
+        carry /= 10;
+    }
+    std::ranges::reverse(product);
+    return digitsOf(carry) + product;
+}
+
+struct Quotient {
+    std::string digits;
+    bool hasRest = false;
+};
+
+Quotient quotientOf(const std::string& digits, std::uint64_t divisor) {
+    Quotient quotient;
+    WideUnsigned rest = 0;
+    for (const char digit : digits) {
+        rest = rest * 10 + valueOf(digit);
+        quotient.digits += digitOf(rest / divisor);
+        rest %= divisor;
+    }
+    quotient.hasRest = rest != 0;
+    stripLeadingZeros(quotient.digits);
+    return quotient;
+}
+
+/// Cuts the last `count` digits off.
+void dropDigits(Quotient& quotient, std::size_t count) {
+    const std::size_t kept = quotient.digits.size() - std::min(quotient.digits.size(), count);
+    if (quotient.digits.find_first_not_of('0', kept) != std::string::npos) quotient.hasRest = true;
+    quotient.digits.resize(kept);
+}
+
+}  // namespace
+
+Decimal::Decimal(std::int64_t number) {
+    constexpr std::int64_t tooLong = powersOfTen[shortDigits];
+    if (number > -tooLong && number < tooLong)
+        units_ = number;
+    else
+        *this = Decimal(number < 0, digitsOf(magnitudeOf(number)), 0);
+}
+
+Decimal::Decimal(bool negative, std::string digits, std::size_t fractionDigits)
+    : digits_(std::move(digits)), negative_(negative), fractionDigits_(fractionDigits) {
+    stripLeadingZeros(digits_);
+    dropNeedlessZeros();
+    if (digits_.size() > shortDigits) return;
+    for (const char digit : digits_) units_ = units_ * 10 + static_cast<int>(valueOf(digit));
+    if (negative_) units_ = -units_;
+    digits_.clear();
+    negative_ = false;
+}
+
+Decimal Decimal::fromText(std::string_view text) {
+    std::string_view number = leadingNumberText(text);
+    if (number.empty()) return {};
+    const bool negative = number[0] == '-';
+    if (negative || number[0] == '+') number.remove_prefix(1);
+    std::string digits(number);
+    const std::size_t point = digits.find('.');
+    if (point == std::string::npos) return Decimal(negative, std::move(digits), 0);
+    digits.erase(point, 1);
+    const std::size_t fractionDigits = digits.size() - point;
+    return Decimal(negative, std::move(digits), fractionDigits);
+}
+
+void Decimal::dropNeedlessZeros() {
+    if (isLong()) {
+        while (fractionDigits_ > 0 && !digits_.empty() && digits_.back() == '0') {
+            digits_.pop_back();
+            --fractionDigits_;
+        }
+        if (!digits_.empty()) return;
+    }
+    while (fractionDigits_ > 0 && units_ % 10 == 0) {
+        if (units_ == 0) fractionDigits_ = 1;
+        units_ /= 10;
+        --fractionDigits_;
+    }
+}
+
+Decimal& Decimal::operator+=(const Decimal& other) {
+    if (!addShort(other)) addLong(other);
+    return *this;
+}
+
+/// Adds in 64 bits; false, with nothing changed, where that is too little.
+bool Decimal::addShort(const Decimal& other) {
+    if (isLong() || other.isLong()) return false;
+    const std::size_t digits = std::max(fractionDigits_, other.fractionDigits_);
+    const std::size_t mine = digits - fractionDigits_;
+    const std::size_t theirs = digits - other.fractionDigits_;
+    if (mine > shortDigits || theirs > shortDigits) return false;
+    const Wide sum = Wide{units_} * powersOfTen[mine] + Wide{other.units_} * powersOfTen[theirs];
+    if (sum <= -Wide{powersOfTen[shortDigits]} || sum >= Wide{powersOfTen[shortDigits]})
+        return false;
+    units_ = static_cast<std::int64_t>(sum);
+    fractionDigits_ = digits;
+    dropNeedlessZeros();
+    return true;
+}
+
+void Decimal::addLong(const Decimal& other) {
+    const std::size_t digits = std::max(fractionDigits_, other.fractionDigits_);
+    std::string mine = magnitude() + std::string(digits - fractionDigits_, '0');
+    std::string theirs = other.magnitude() + std::string(digits - other.fractionDigits_, '0');
+    stripLeadingZeros(mine);
+    stripLeadingZeros(theirs);
+    if (isNegative() == other.isNegative())
+        *this = Decimal(isNegative(), sumOf(mine, theirs), digits);
+    else if (isBelow(mine, theirs))
+        *this = Decimal(other.isNegative(), differenceOf(theirs, mine), digits);
+    else
+        *this = Decimal(isNegative(), differenceOf(mine, theirs), digits);
+}
+
+/// The digits without sign and decimal point; none for 0.
+std::string Decimal::magnitude() const {
+    return isLong() ? digits_ : digitsOf(magnitudeOf(units_));
+}
+
+Decimal Decimal::scaledDown(std::int64_t factor, std::int64_t divisor) const {
+    if (!isLong() && fractionDigits_ <= shortDigits) {
+        const Wide dividend = Wide{units_} * factor;
+        const Wide whole = Wide{divisor} * powersOfTen[fractionDigits_];
+        const bool isCutUp = dividend % whole != 0 && (dividend < 0) != (whole < 0);
+        const Wide quotient = dividend / whole - (isCutUp ? 1 : 0);
+        if (quotient >= std::numeric_limits<std::int64_t>::min() &&
+            quotient <= std::numeric_limits<std::int64_t>::max())
+            return Decimal(static_cast<std::int64_t>(quotient));
+    }
+    Quotient quotient =
+        quotientOf(productOf(magnitude(), magnitudeOf(factor)), magnitudeOf(divisor));
+    dropDigits(quotient, fractionDigits_);
+    const bool negative = isNegative() != (divisor < 0);
+    if (negative && quotient.hasRest) quotient.digits = sumOf(quotient.digits, "1");
+    return Decimal(negative, std::move(quotient.digits), 0);
+}
+
+bool Decimal::isNegative() const {
+    return isLong() ? negative_ : units_ < 0;
+}
+
+std::string Decimal::text() const {
+    std::string digits = magnitude();
+    if (digits.size() <= fractionDigits_)
+        digits.insert(0, fractionDigits_ + 1 - digits.size(), '0');
+    if (fractionDigits_ > 0) digits.insert(digits.size() - fractionDigits_, 1, '.');
+    return isNegative() ? "-" + digits : digits;
+}
+
+std::string Decimal::tenthsText() const {
+    return Decimal(isNegative(), magnitude(), fractionDigits_ + 1).text();
+}
+
+std::int64_t Decimal::toInteger() const {
+    if (!isLong() && fractionDigits_ <= shortDigits)
+        return divideDown(units_, powersOfTen[fractionDigits_]);
+    const Decimal whole = isWhole() ? *this : scaledDown(1, 1);
+    if (!whole.isLong()) return whole.units_;
+    // 19 digits may still fit, more never do.
+    constexpr std::size_t mostDigits = shortDigits + 1;
+    const bool negative = whole.negative_;
+    constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
+    if (whole.digits_.size() > mostDigits) return negative ? smallest : largest;
+    Wide number = 0;
+    for (const char digit : whole.digits_) number = number * 10 + static_cast<int>(valueOf(digit));
+    if (negative) number = -number;
+    return static_cast<std::int64_t>(std::clamp(number, Wide{smallest}, Wide{largest}));
+}
+
+}  // namespace quorvel

@@ -23,6 +23,8 @@ class Decimal {
     Decimal scaledDown(std::int64_t factor, std::int64_t divisor) const;
 
     bool isNegative() const;
+    /// Whether there is no fraction.
+    bool isWhole() const { return fractionDigits_ == 0; }
 
     /// The decimal text, without needless zeros: "7.25", "12", "-0.5", "0".
     std::string text() const;
@@ -35,9 +37,23 @@ class Decimal {
     /// toward minus infinity.
     std::int64_t toInteger() const;
 
+    bool operator==(const Decimal&) const = default;
+
   private:
+    Decimal(bool negative, std::string digits, std::size_t fractionDigits);
+
+    bool isLong() const { return !digits_.empty(); }
+    std::string magnitude() const;
+    void dropNeedlessZeros();
+    bool addShort(const Decimal& other);
+    void addLong(const Decimal& other);
+
+    /// The number without its decimal point, while it has few enough digits ...
+    std::int64_t units_ = 0;
+    /// ... and where it has more: its digits, most significant first, and its sign.
+    std::string digits_;
     bool negative_ = false;
-    std::string digits_;  // most significant first, no leading zeros before the fraction
+    /// How many of the digits stand behind the decimal point; the last of them is never 0.
     std::size_t fractionDigits_ = 0;
 };
 

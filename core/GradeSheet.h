@@ -68,8 +68,9 @@ class GradeSheet {
     /// Every later assignment moves down by one, with its scores.
     void removeAssignment(int assignment);
 
-    /// Discards everything but the title and makes a sheet of these sizes: nameless students and
-    /// assignments, empty cells. A count that is not given was never set and is 0.
+    /// Discards everything but the title and the class average, and makes a sheet of these sizes:
+    /// nameless students and assignments, empty cells. A count that is not given was never set and
+    /// is 0; one outside 0 to the maximum stops there.
     void recreate(std::optional<int> studentCount, std::optional<int> assignmentCount);
 
     /// Puts the whole number 0 into every empty cell.
@@ -100,7 +101,9 @@ class GradeSheet {
     };
 
     const Student& at(int student) const;
+    Student& at(int student);
     const Assignment& column(int assignment) const;
+    Assignment& column(int assignment);
 
     std::vector<Student> students_;
     std::vector<Assignment> assignments_;

@@ -26,4 +26,16 @@ struct GradingScale {
     LetterGrade letterFor(std::int64_t percentageTenths) const;
 };
 
+/// The percentages, in tenths, that a scale's grades need: worked out once for a whole class.
+class LetterThresholds {
+  public:
+    explicit LetterThresholds(const GradingScale& scale);
+
+    /// The grade of a percentage given in tenths of a percent.
+    LetterGrade letterFor(std::int64_t percentageTenths) const;
+
+  private:
+    std::array<std::int64_t, 5> tenths_{};
+};
+
 }  // namespace quorvel

@@ -1,1 +1,135 @@
 #include "core/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <system_error>
+
+#include "core/Decimal.h"
+
+namespace quorvel {
+
+namespace {
+
+bool isBlank(char character) {
+    return character == ' ' || character == '\t';
+}
+bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
+/// Whether a number that no double can hold is too large, rather than too near to 0.
+bool isLarge(std::string_view number) {
+    const std::string_view wholePart = number.substr(0, number.find('.'));
+    return std::ranges::any_of(wholePart, [](char c) { return c >= '1' && c <= '9'; });
+}
+
+template <typename Real>
+std::string expandedText(Real number) {
+    if (!std::isfinite(number) || number == 0) return "0";
+    // The shortest exponent form: a sign, 17 digits, a point and an exponent of up to "e-324".
+    std::array<char, 32> buffer{};
+    const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                          std::abs(number), std::chars_format::scientific)
+                                .ptr;
+    const std::string_view form(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    const std::size_t mark = form.find('e');
+    std::string digits(1, form[0]);
+    if (mark > 1) digits += form.substr(2, mark - 2);
+    int exponent = 0;
+    std::from_chars(form.data() + mark + (form[mark + 1] == '+' ? 2 : 1), end, exponent);
+
+    const int wholeDigits = exponent + 1;
+    const int digitCount = static_cast<int>(digits.size());
+    if (wholeDigits <= 0)
+        digits.insert(0, "0." + std::string(static_cast<std::size_t>(-wholeDigits), '0'));
+    else if (wholeDigits < digitCount)
+        digits.insert(static_cast<std::size_t>(wholeDigits), 1, '.');
+    else
+        digits.append(static_cast<std::size_t>(wholeDigits - digitCount), '0');
+    return number < 0 ? "-" + digits : digits;
+}
+
+}  // namespace
+
+std::string_view leadingNumberText(std::string_view text) {
+    text.remove_prefix(
+        static_cast<std::size_t>(std::ranges::find_if_not(text, isBlank) - text.begin()));
+    std::size_t length = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+    bool hasDigit = false;
+    bool hasPoint = false;
+    for (; length < text.size(); ++length) {
+        if (isDigit(text[length]))
+            hasDigit = true;
+        else if (text[length] == '.' && !hasPoint)
+            hasPoint = true;
+        else
+            break;
+    }
+    return hasDigit ? text.substr(0, length) : std::string_view();
+}
+
+double leadingNumber(std::string_view text) {
+    std::string_view number = leadingNumberText(text);
+    if (number.empty()) return 0;
+    const bool isNegative = number[0] == '-';
+    if (isNegative || number[0] == '+') number.remove_prefix(1);
+    double magnitude = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), magnitude,
+                                        std::chars_format::fixed);
+    if (result.ec == std::errc::result_out_of_range)
+        magnitude = isLarge(number) ? std::numeric_limits<double>::max() : 0;
+    return isNegative ? -magnitude : magnitude;
+}
+
+std::string decimalText(double number) {
+    return expandedText(number);
+}
+std::string decimalText(float number) {
+    return expandedText(number);
+}
+
+std::int64_t roundHalfEven(double number) {
+    constexpr double beyondLargest = 9223372036854775808.0;  // 2 to the 63rd
+    if (std::isnan(number)) return 0;
+    if (number >= beyondLargest) return std::numeric_limits<std::int64_t>::max();
+    if (number < -beyondLargest) return std::numeric_limits<std::int64_t>::min();
+    const double wholePart = std::floor(number);
+    const double fraction = number - wholePart;
+    const auto whole = static_cast<std::int64_t>(wholePart);
+    const bool roundsUp = fraction > 0.5 || (fraction == 0.5 && whole % 2 != 0);
+    return roundsUp ? whole + 1 : whole;
+}
+
+std::int64_t divideHalfEven(std::int64_t dividend, std::int64_t divisor) {
+    const std::int64_t whole = divideDown(dividend, divisor);
+    const std::int64_t rest = dividend - whole * divisor;
+    const std::int64_t missing = divisor - rest;
+    const bool roundsUp = rest > missing || (rest == missing && whole % 2 != 0);
+    return roundsUp ? whole + 1 : whole;
+}
+
+std::int64_t divideDown(std::int64_t dividend, std::int64_t divisor) {
+    const std::int64_t quotient = dividend / divisor;
+    const bool wasCutUp = dividend % divisor != 0 && (dividend < 0) != (divisor < 0);
+    return wasCutUp ? quotient - 1 : quotient;
+}
+
+double roundHalfUpKeepingSmallFraction(double number) {
+    const double whole = std::floor(number);
+    return number - whole >= 0.5 ? whole + 1 : number;
+}
+
+std::string tenthsText(std::int64_t tenths) {
+    return Decimal(tenths).tenthsText();
+}
+
+int numberInRange(double typed, int count) {
+    const std::int64_t number = roundHalfEven(typed);
+    return number >= 1 && number <= count ? static_cast<int>(number) : 0;
+}
+
+}  // namespace quorvel

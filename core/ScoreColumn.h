@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,17 +12,24 @@
 namespace quorvel {
 
 /// What one cell adds to a student's points earned, found once when the score is stored.
-/// Small enough that a class of any size is summed in one pass over plain arrays.
 struct CellPoints {
     /// The part of the number behind its whole part, as far as rounding needs to know it.
     enum class Fraction : std::uint8_t { None, BelowHalf, Half, AboveHalf };
 
-    /// The greatest whole number not above the reading; beyond ±1,000,000 it stops there, which no
-    /// 16-bit sum can take anyway.
+    /// Where the whole part stops.
+    static constexpr std::int32_t wholeLimit = 1'000'000;
+
+    /// The greatest whole number not above the reading; beyond the limit, up or down, it stops
+    /// there, which no 16-bit sum can take anyway.
     std::int32_t whole = 0;
     Fraction fraction = Fraction::None;
     bool excused = false;
     bool empty = true;
+
+    /// Whether the whole part is all there is to the reading.
+    bool isExact() const {
+        return fraction == Fraction::None && whole > -wholeLimit && whole < wholeLimit;
+    }
 };
 
 /// The scores of one assignment, for students 1 to any number: a compact prefix of stored cells,
@@ -34,21 +42,36 @@ class ScoreColumn {
 
     /// Forgets every cell behind `studentCount`.
     void shrinkTo(int studentCount);
+    /// Takes one student's cell out; every later student's cell moves up by one.
+    void remove(int student);
+    /// Gives student i the cell that student `order[i - 1]` had. `order` names every student once.
+    void reorder(std::span<const int> order);
+
+    /// Adds every student's cell to the points earned and `value` to the points possible, one
+    /// student after the other: an excused cell adds to neither, an empty one adds 0 to the earned.
+    /// Each sum is rounded to a whole number, halves to even; an addition whose sum does not fit
+    /// into 16 bits is skipped. Both spans hold one sum a student.
+    void addPoints(std::int16_t value, std::span<std::int16_t> earned,
+                   std::span<std::int16_t> possible) const;
 
     /// The number of students up to the last stored cell; the cells behind it are empty.
-    int storedCount() const { return static_cast<int>(cells_.size()); }
+    int storedCount() const { return static_cast<int>(points_.size()); }
     /// Requires 1 <= student <= storedCount().
-    CellPoints points(int student) const { return cells_[static_cast<std::size_t>(student) - 1].points; }
+    CellPoints points(int student) const;
 
   private:
-    /// 20 bytes a cell: the value itself where it is small, which every usual score is.
+    /// A CellPoints in 32 bits, since every recomputation reads all of them.
+    using PackedPoints = std::int32_t;
+
+    /// 10 bytes a cell: the value itself where it is small, which every usual score is.
     struct Cell {
-        CellPoints points;
         std::uint8_t type = 0;
         std::uint8_t textLength = 0;
         std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
     };
 
+    /// A cell's points and its value, one of each for every stored cell.
+    std::vector<PackedPoints> points_;
     std::vector<Cell> cells_;
     /// Texts that do not fit into their cell, by student.
     std::map<int, std::string> longTexts_;

@@ -60,7 +60,8 @@ struct WorkingState {
 
     /// The recent files as stored, most recent first.
     std::array<std::string, recentFileCount> recentFiles;
-    /// The menu entries mnuPFile(1) to mnuPFile(9), which the list is kept in while the program runs.
+    /// The menu entries mnuPFile(1) to mnuPFile(9), which the list is kept in while the program
+    /// runs.
     std::array<MenuEntry, recentFileCount> mnuPFile;
 
     std::string schoolName;

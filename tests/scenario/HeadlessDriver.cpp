@@ -1,0 +1,206 @@
+#include "tests/scenario/HeadlessDriver.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "core/Paths.h"
+#include "tests/scenario/HeadlessControls.h"
+#include "tests/scenario/Texts.h"
+#include "window/Menu.h"
+
+namespace quorvel::scenario {
+
+namespace {
+
+/// Where the password lies in the world that scenarios are written for.
+constexpr const char* passwordFile = "C:\\Windows\\khymltp.wpt";
+
+constexpr int enterKey = 13;
+constexpr int escapeKey = 27;
+
+const CodePage& codePage() {
+    return CodePage::windows1252();
+}
+
+[[noreturn]] void failUnknown(std::string_view name) {
+    throw ScenarioError("there is no such control as " + std::string(name));
+}
+
+/// A password file of 0 bytes for an empty text, else one record.
+std::string passwordFileContent(std::string_view password) {
+    constexpr std::size_t recordLength = 128;
+    constexpr char textTag = 8;
+    if (password.empty()) return {};
+    std::string content{textTag, 0, static_cast<char>(password.size()), 0};
+    content += password;
+    content.resize(std::max(content.size(), recordLength), 0);
+    return content;
+}
+
+bool hasDrive(std::string_view path) {
+    return path.size() >= 2 && path[1] == ':';
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "qrvXXXXXX").string();
+    if (::mkdtemp(name.data()) == nullptr) throw ScenarioError("cannot make a program folder");
+    path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code error;
+    std::filesystem::remove_all(path_, error);
+}
+
+HeadlessDriver::HeadlessDriver() {
+    reloadForNew = false;
+}
+
+std::string HeadlessDriver::programFolderText() const {
+    return pathText(folder_.path(), codePage());
+}
+
+std::filesystem::path HeadlessDriver::resolve(std::string_view path) const {
+    std::string text = codePage().toUtf8(insideProgramFolder(path).value_or(path));
+    // A path on a drive is a single name here, inside the program's folder like everything else.
+    if (!hasDrive(text)) std::ranges::replace(text, '\\', '/');
+    return folder_.path() / std::filesystem::path(text);
+}
+
+bool HeadlessDriver::setScreen(ScreenSize size) {
+    shell_.screen = size;
+    return true;
+}
+
+bool HeadlessDriver::storePassword(std::string_view password) {
+    std::ofstream(resolve(passwordFile), std::ios::binary) << passwordFileContent(password);
+    return true;
+}
+
+bool HeadlessDriver::setPrinter(PrinterState state) {
+    printer_.state = state == PrinterState::Ready  ? FakePrinter::State::Ready
+                     : state == PrinterState::None ? FakePrinter::State::None
+                                                   : FakePrinter::State::Fails;
+    return true;
+}
+
+bool HeadlessDriver::setDiskFull(bool full) {
+    files_.full = full;
+    return true;
+}
+
+frmQRV& HeadlessDriver::program() {
+    if (program_ == nullptr) throw ScenarioError("the program was not started");
+    if (program_->hasEnded()) throw ScenarioError("the program has ended");
+    if (!program_->isOpen()) throw ScenarioError("the window is not open");
+    return *program_;
+}
+
+bool HeadlessDriver::act(std::function<void(frmQRV&)> action) {
+    frmQRV& form = program();
+    conversation_.begin([&form, action = std::move(action)] { action(form); });
+    return true;
+}
+
+bool HeadlessDriver::start() {
+    if (program_ != nullptr && !program_->hasEnded())
+        throw ScenarioError("the program is running already");
+    shell_.copies.clear();
+    shell_.launches.clear();
+    const Ports ports{conversation_, files_, printer_, canvas_, clock_, shell_};
+    program_ = std::make_unique<frmQRV>(ports, folder_.path(), resolve(passwordFile), codePage());
+    conversation_.begin([this] { program_->start(); });
+    return true;
+}
+
+bool HeadlessDriver::chooseMenu(std::string_view entry) {
+    const auto shown = menuEntryNamed(program(), entry);
+    if (!shown) throw ScenarioError("there is no menu entry " + std::string(entry));
+    if (!shown->visible) throw ScenarioError("the menu entry is hidden");
+    const int item = menuItemIndex(entry);
+    return act([item](frmQRV& form) { form.chooseMenu(item); });
+}
+
+bool HeadlessDriver::click(double x, double y) {
+    const CellEditor& txtEnter = program().controls().txtEnter;
+    if (txtEnter.visible && x >= txtEnter.left && x < txtEnter.left + columnPitch &&
+        y >= txtEnter.top && y < txtEnter.top + rowPitch)
+        return act(
+            [](frmQRV& form) { form.txtEnter_Change(std::string(form.controls().txtEnter.text)); });
+
+    const std::string_view control = controlAt(program().layout(), x, y);
+    const bool isTextBox = textBoxNamed(control) != nullptr;
+    if (control == "lblStudent" || control == "lblSN" || isTextBox) return clickControl(control);
+    if (scrollBarNamed(control) != nullptr)
+        throw ScenarioError("a scroll bar is moved with scroll");
+    return act([x, y](frmQRV& form) { form.Form_MouseDown(x, y); });
+}
+
+bool HeadlessDriver::clickControl(std::string_view control) {
+    if (control == "lblStudent") return act([](frmQRV& form) { form.lblStudent_Click(); });
+    if (control == "lblSN") return act([](frmQRV& form) { form.lblSN_Click(); });
+    // A text box takes the focus.
+    if (textBoxNamed(control) != nullptr) return act([](frmQRV& form) { form.leaveEditor(); });
+
+    const auto place = placeNamed(control);
+    if (place == nullptr) failUnknown(control);
+    if (scrollBarNamed(control) != nullptr)
+        throw ScenarioError("a scroll bar is moved with scroll");
+    const Rectangle& area = program().layout().*place;
+    const double x = area.left + area.width / 2.0;
+    const double y = area.top + area.height / 2.0;
+    return act([x, y](frmQRV& form) { form.Form_MouseDown(x, y); });
+}
+
+bool HeadlessDriver::type(std::string_view text) {
+    const CellEditor& txtEnter = program().controls().txtEnter;
+    if (!txtEnter.visible || !txtEnter.focused) throw ScenarioError("no editor has the focus");
+    const std::size_t kept = txtEnter.text.size() - txtEnter.selectionLength;
+    std::string changed = txtEnter.text;
+    changed.replace(txtEnter.selectionStart, txtEnter.selectionLength,
+                    text.substr(0, frmQRV::longestEntry - std::min(kept, frmQRV::longestEntry)));
+    return act([changed](frmQRV& form) { form.txtEnter_Change(changed); });
+}
+
+bool HeadlessDriver::pressKey(std::string_view key) {
+    const CellEditor& txtEnter = program().controls().txtEnter;
+    if (!txtEnter.visible || !txtEnter.focused) return act([](frmQRV&) {});
+    if (key == "Enter") return act([](frmQRV& form) { form.txtEnter_KeyDown(enterKey); });
+    if (key == "Escape") return act([](frmQRV& form) { form.txtEnter_KeyDown(escapeKey); });
+    if (key == "Tab") return act([](frmQRV& form) { form.leaveEditor(); });
+    return type(key);
+}
+
+bool HeadlessDriver::moveScrollBar(std::string_view bar, int position) {
+    const auto member = scrollBarNamed(bar);
+    if (member == nullptr) failUnknown(bar);
+    return act([member, position](frmQRV& form) { form.scroll(member, position); });
+}
+
+bool HeadlessDriver::closeWindow() {
+    return act([](frmQRV& form) { form.closeBox(); });
+}
+
+bool HeadlessDriver::endSession() {
+    return act([](frmQRV& form) { form.closeBox(); });
+}
+
+std::optional<Dialog> HeadlessDriver::openDialog() {
+    try {
+        return conversation_.openDialog();
+    } catch (const std::exception& error) {
+        throw ScenarioError(std::string("the program broke off: ") + error.what());
+    }
+}
+
+void HeadlessDriver::answer(const Reply& reply) {
+    conversation_.answer(reply);
+}
+
+}  // namespace quorvel::scenario

@@ -1,0 +1,272 @@
+#include "access/Password.h"
+#include "tests/fakes/CommandTest.h"
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view startUpCaption = "Enter Password Please...";
+constexpr std::string_view oldCaption = "Enter Old Password Please...";
+constexpr std::string_view newCaption = "Enter New Password Please...";
+constexpr std::string_view confirmCaption = "Confirm New Password Please...";
+constexpr std::string_view wrongOldPassword =
+    "Password Change Access Denied: The old password you gave is incorrect.  Please try again.";
+constexpr std::string_view mismatch =
+    "Password Not Changed: Password Mismatch (You typed two different passwords...try again "
+    "please)";
+
+class Password : public CommandTest {
+  protected:
+    void store(std::string_view bytes) { placeFile("/machine/password", bytes); }
+    void storePassword(std::string_view password) { store(passwordRecord(password)); }
+    static std::string passwordRecord(std::string_view password) {
+        return record(std::string("\x08\0", 2) + static_cast<char>(password.size()) + '\0' +
+                      std::string(password));
+    }
+    std::string stored() const { return bytesOf("/machine/password"); }
+
+    void expectTryAgain() { dialogs.expectMessage("Quorvel", "Access Denied: Try Again"); }
+    void expectShuttingDown() { dialogs.expectMessage("Quorvel", "Access Denied: Shutting Down"); }
+    void expectWrongOldPassword() {
+        dialogs.expectMessage("Access Denied", wrongOldPassword, Icon::Critical, Buttons::Ok,
+                              Answer::Ok);
+    }
+    void giveOldPassword(std::string_view password) {
+        dialogs.expectPassword(oldCaption, std::string(password));
+        dialogs.expectMessage("Quorvel", newCaption);
+    }
+    void giveNewPassword(std::string_view password) {
+        dialogs.expectPassword(newCaption, std::string(password));
+        dialogs.expectMessage("Quorvel", confirmCaption);
+    }
+    void confirmPassword(std::string_view password) {
+        dialogs.expectPassword(confirmCaption, std::string(password));
+    }
+    void expectChanged() { dialogs.expectMessage("Edit Password", "Password Changed"); }
+};
+
+TEST_F(Password, ItsPlaceOnWindowsIsFixed) {
+    EXPECT_STREQ(windowsPasswordFile, "C:\\Windows\\khymltp.wpt");
+}
+
+TEST_F(Password, AMissingFileMeansNoPassword) {
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, AnEmptyFileMeansNoPassword) {
+    store("");
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, AStoredEmptyTextMeansNoPassword) {
+    storePassword("");
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, AFileThatDoesNotHoldATextReadsAsTheTextOfItsValue) {
+    store(record(std::string("\x02\0\x2A\0", 4)));
+    dialogs.expectPassword(startUpCaption, "42");
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, TheRightEntryOpensTheMainWindow) {
+    storePassword("Secret");
+    dialogs.expectPassword(startUpCaption, "Secret");
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, TwoWrongEntriesAreForgiven) {
+    storePassword("Secret");
+    dialogs.expectPassword(startUpCaption, "x");
+    expectTryAgain();
+    dialogs.expectPassword(startUpCaption, "");
+    expectTryAgain();
+    dialogs.expectPassword(startUpCaption, "Secret");
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, TheThirdWrongEntryEndsTheProgram) {
+    storePassword("Secret");
+    dialogs.expectPassword(startUpCaption, "x");
+    expectTryAgain();
+    dialogs.expectPassword(startUpCaption, "y");
+    expectTryAgain();
+    dialogs.expectPassword(startUpCaption, "z");
+    expectShuttingDown();
+    EXPECT_FALSE(frmPW(context));
+}
+
+TEST_F(Password, CaseAndBlanksCount) {
+    storePassword("Secret");
+    for (const char* entry : {"secret", "Secret "}) {
+        dialogs.expectPassword(startUpCaption, entry);
+        expectTryAgain();
+    }
+    dialogs.expectPassword(startUpCaption, "SECRET");
+    expectShuttingDown();
+    EXPECT_FALSE(frmPW(context));
+}
+
+TEST_F(Password, ClosingTheStartUpWindowEndsTheProgram) {
+    storePassword("Secret");
+    dialogs.expectPassword(startUpCaption, "x");
+    expectTryAgain();
+    dialogs.expectPassword(startUpCaption, std::nullopt);
+    EXPECT_FALSE(frmPW(context));
+}
+
+TEST_F(Password, ReloadingTheMainWindowDoesNotAskAgain) {
+    storePassword("Secret");
+    reloadForNew = true;
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, AFirstPasswordIsOnlyAskedForAndConfirmed) {
+    giveNewPassword("Secret");
+    confirmPassword("Secret");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Secret"));
+    EXPECT_TRUE(window.calls.empty());
+    EXPECT_FALSE(state.isDirty);
+}
+
+TEST_F(Password, AnEmptyFileAsksForNoOldPassword) {
+    store("");
+    giveNewPassword("Secret");
+    confirmPassword("Secret");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Secret"));
+}
+
+TEST_F(Password, ChangingAsksForTheOldPasswordFirst) {
+    storePassword("Old");
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    confirmPassword("New");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("New"));
+}
+
+TEST_F(Password, AnEmptyNewPasswordRemovesTheLock) {
+    storePassword("Old");
+    giveOldPassword("Old");
+    giveNewPassword("");
+    confirmPassword("");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord(""));
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, AMismatchLeavesTheFileAlone) {
+    storePassword("Old");
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    confirmPassword("new");
+    dialogs.expectMessage("Edit Password", mismatch);
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+}
+
+TEST_F(Password, TwoWrongOldPasswordsAreForgiven) {
+    storePassword("Old");
+    dialogs.expectPassword(oldCaption, "old");
+    expectWrongOldPassword();
+    dialogs.expectPassword(oldCaption, "");
+    expectWrongOldPassword();
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    confirmPassword("New");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("New"));
+    EXPECT_TRUE(window.calls.empty());
+}
+
+TEST_F(Password, TheThirdWrongOldPasswordEndsTheProgramAtOnce) {
+    storePassword("Old");
+    state.isDirty = true;
+    dialogs.expectPassword(oldCaption, "a");
+    expectWrongOldPassword();
+    dialogs.expectPassword(oldCaption, "b");
+    expectWrongOldPassword();
+    dialogs.expectPassword(oldCaption, "c");
+    expectShuttingDown();
+    mnuEditPassword(context);
+    EXPECT_EQ(window.calls, Calls{"endProgram"});
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+}
+
+TEST_F(Password, ReopeningTheWindowForgivesTwoMore) {
+    storePassword("Old");
+    for (int opening = 0; opening < 2; ++opening) {
+        dialogs.expectPassword(oldCaption, "a");
+        expectWrongOldPassword();
+        dialogs.expectPassword(oldCaption, "b");
+        expectWrongOldPassword();
+        dialogs.expectPassword(oldCaption, std::nullopt);
+        mnuEditPassword(context);
+    }
+    EXPECT_TRUE(window.calls.empty());
+}
+
+TEST_F(Password, ClosingTheWindowAtAnyStageChangesNothing) {
+    storePassword("Old");
+    giveOldPassword("Old");
+    dialogs.expectPassword(newCaption, std::nullopt);
+    mnuEditPassword(context);
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    dialogs.expectPassword(confirmCaption, std::nullopt);
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+    EXPECT_TRUE(window.calls.empty());
+}
+
+TEST_F(Password, TheLongestPasswordThatFitsIsStored) {
+    const std::string longest(124, 'p');
+    giveNewPassword(longest);
+    confirmPassword(longest);
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord(longest));
+    dialogs.expectPassword(startUpCaption, longest);
+    EXPECT_TRUE(frmPW(context));
+}
+
+TEST_F(Password, ALongerPasswordLeavesTheFileAsItIsAndIsReportedAsChanged) {
+    storePassword("Old");
+    const std::string tooLong(125, 'p');
+    giveOldPassword("Old");
+    giveNewPassword(tooLong);
+    confirmPassword(tooLong);
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+}
+
+TEST_F(Password, WritingKeepsTheBytesBehindTheRecord) {
+    store(passwordRecord("Old") + "left behind");
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    confirmPassword("New");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("New") + "left behind");
+}
+
+TEST_F(Password, AFileThatCannotBeWrittenIsNotReported) {
+    storePassword("Old");
+    giveOldPassword("Old");
+    giveNewPassword("New");
+    files.readOnly = true;
+    confirmPassword("New");
+    expectChanged();
+    mnuEditPassword(context);
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+}
+
+}  // namespace
+}  // namespace quorvel

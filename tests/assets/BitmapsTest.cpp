@@ -147,6 +147,10 @@ struct CanvasCase {
     const char* bottom;
 };
 
+void PrintTo(const CanvasCase& canvas, std::ostream* stream) {
+    *stream << canvas.name;
+}
+
 CanvasCase wideCanvas() {
     return {"wide", layoutFor({1024, 768}), "Graph.bmp", "GraphBottom.bmp"};
 }

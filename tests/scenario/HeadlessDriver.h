@@ -30,7 +30,7 @@ class TemporaryFolder {
 };
 
 /// Runs a scenario against the portable program with fakes around it. It sees everything.
-class HeadlessDriver final : public Driver {
+class HeadlessDriver : public Driver {
   public:
     HeadlessDriver();
 

@@ -56,11 +56,12 @@ std::string expandedEverywhere(std::string_view text, std::string_view programFo
 std::string quoted(std::string_view text, std::string_view programFolder) {
     constexpr std::string_view hexadecimalDigits = "0123456789ABCDEF";
     std::string result = "\"";
-    if (!programFolder.empty() && text.starts_with(std::string(programFolder) + "\\")) {
-        text.remove_prefix(programFolder.size());
-        result += '*';
-    }
     for (std::size_t position = 0; position < text.size(); ++position) {
+        if (!programFolder.empty() && text.substr(position).starts_with(programFolder)) {
+            position += programFolder.size() - 1;
+            result += '*';
+            continue;
+        }
         const char character = text[position];
         const auto code = static_cast<unsigned char>(character);
         if (text.substr(position, 2) == "\r\n") {

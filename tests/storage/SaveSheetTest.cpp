@@ -1,0 +1,227 @@
+#include <optional>
+
+#include <gtest/gtest.h>
+
+#include "storage/FileCommands.h"
+#include "tests/storage/FileCommandsFixture.h"
+
+namespace quorvel {
+namespace {
+
+using Fault = FaultyFiles::Fault;
+
+using Save = FileCommands;
+
+TEST_F(Save, ASheetWithoutAFileAsksForAPlaceAndGoesThere) {
+    state.isDirty = true;
+    expectSaveDialog(aFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+    EXPECT_EQ(state.currentPath, aFile);
+    EXPECT_EQ(state.sheetFileName, "a.qrv");
+    EXPECT_EQ(state.saveMode, SaveMode::Save);
+    EXPECT_FALSE(state.isDirty);
+    EXPECT_EQ(window.calls, Calls{"setCaption a.qrv"});
+    EXPECT_EQ(state.recentFiles[0], "\\Quorvel\\Grades\\a.qrv");
+    EXPECT_EQ(firstBytes(*file("LS.qrv"), 128), textRecord("\\Quorvel\\Grades\\a.qrv"));
+}
+
+TEST_F(Save, TheSecondTimeNothingIsAsked) {
+    workOnA();
+    mnuSave(program);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+    EXPECT_FALSE(state.isDirty);
+    EXPECT_EQ(state.mnuPFile[0].caption, "\\Quorvel\\Grades\\a.qrv");
+    EXPECT_EQ(state.mnuPFile[1].caption, "");
+}
+
+TEST_F(Save, ACanceledDialogChangesNothing) {
+    state.isDirty = true;
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    expectStillDirtyAt({});
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+    EXPECT_TRUE(files.files.empty());
+    EXPECT_TRUE(window.calls.empty());
+    EXPECT_EQ(state.mnuPFile[0].caption, "");
+}
+
+TEST_F(Save, APathThatWasClearedIsAskedForAgain) {
+    workOnA();
+    state.currentPath.clear();
+    expectSaveDialog(bFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), hex("01"));
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+}
+
+TEST_F(Save, WhileTheSheetNeedsAPlaceTheOldPathIsNotUsed) {
+    workOnA();
+    state.saveMode = SaveMode::SaveAs;
+    expectSaveDialog(bFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), hex("01"));
+    EXPECT_EQ(state.currentPath, bFile);
+}
+
+TEST_F(Save, WhileTheSheetNeedsAPlaceACanceledDialogKeepsTheNeedAndTheOldPath) {
+    workOnA();
+    state.saveMode = SaveMode::SaveAs;
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+}
+
+TEST_F(Save, DoesNotRedraw) {
+    workOnA();
+    mnuSave(program);
+    EXPECT_EQ(window.calls, Calls{"setCaption a.qrv"});
+}
+
+TEST_F(Save, KeepsTheStaleRecordsOfALongerSheet) {
+    workOnA();
+    files.files[aFile] = Bytes(30 * 128, std::byte{0xAB});
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile() + Bytes(11 * 128, std::byte{0xAB}));
+}
+
+using SaveAs = FileCommands;
+
+TEST_F(SaveAs, AsksAndWritesToTheNewPlaceOnly) {
+    workOnA();
+    expectSaveDialog(bFile);
+    mnuSaveAs(program);
+    EXPECT_EQ(bytesOn(aFile), hex("01"));
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+    EXPECT_EQ(state.currentPath, bFile);
+    EXPECT_EQ(state.saveMode, SaveMode::Save);
+    EXPECT_FALSE(state.isDirty);
+}
+
+TEST_F(SaveAs, WhenCanceledTheNextSaveWritesTheOldFileWithoutAsking) {
+    workOnA();
+    expectSaveDialog(std::nullopt);
+    mnuSaveAs(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_EQ(bytesOn(aFile), hex("01"));
+    EXPECT_EQ(state.saveMode, SaveMode::Save);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+}
+
+TEST_F(SaveAs, WhenCanceledForASheetWithoutAFileTheNextSaveAsks) {
+    expectSaveDialog(std::nullopt);
+    mnuSaveAs(program);
+    expectSaveDialog(aFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+}
+
+using FailedSave = FileCommands;
+
+TEST_F(FailedSave, LeavesEverythingUnsavedAndTheNextSaveAsks) {
+    workOnA();
+    disk.protectedFolders.insert(grades);
+    mnuSave(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_EQ(state.sheetFileName, "a.qrv");
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+    EXPECT_TRUE(window.calls.empty());
+    EXPECT_EQ(bytesOn(aFile), hex("01"));
+
+    disk.protectedFolders.clear();
+    expectSaveDialog(bFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+    EXPECT_FALSE(state.isDirty);
+}
+
+TEST_F(FailedSave, AtANewPlaceKeepsTheOldPathAndName) {
+    workOnA();
+    disk.protectedFolders.insert("/stick");
+    expectSaveDialog("/stick/b.qrv");
+    mnuSaveAs(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_EQ(state.sheetFileName, "a.qrv");
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+    EXPECT_TRUE(window.calls.empty());
+}
+
+TEST_F(FailedSave, HasListedItsPlaceAlready) {
+    disk.protectedFolders.insert("/stick");
+    expectSaveDialog("/stick/b.qrv");
+    mnuSave(program);
+    EXPECT_EQ(state.mnuPFile[0].caption, "\\stick\\b.qrv");
+    EXPECT_EQ(firstBytes(*file("LS.qrv"), 128), textRecord("\\stick\\b.qrv"));
+}
+
+TEST_F(FailedSave, DoesNotRunTheHooks) {
+    workOnA();
+    disk.protectedFolders.insert(grades);
+    state.afterSaveAction = AfterSaveAction::Unload;
+    state.exitAfterSave = true;
+    mnuSave(program);
+    EXPECT_TRUE(window.calls.empty());
+}
+
+TEST_F(FailedSave, OfAnyOperationLeavesTheOldFileOrTheNewOneAndSaysWhich) {
+    workOnA();
+    const Bytes old(25 * 128, std::byte{0xAB});
+    const Bytes renewed = sampleFile() + Bytes(6 * 128, std::byte{0xAB});
+    files.files[aFile] = old;
+    mnuSave(program);
+    ASSERT_EQ(bytesOn(aFile), renewed);
+    const int operations = disk.operations();
+    for (const Fault fault : {Fault::Fail, Fault::Shorten, Fault::PowerCut}) {
+        for (int operation = 1; operation <= operations; ++operation) {
+            files.files.clear();
+            workOnA();
+            files.files[aFile] = old;
+            disk.breakAt(operation, fault);
+            mnuSave(program);
+            const Bytes bytes = bytesOn(aFile);
+            EXPECT_TRUE(bytes == old || bytes == renewed) << operation;
+            if (fault == Fault::PowerCut) continue;
+            EXPECT_EQ(state.isDirty, bytes == old) << operation;
+            EXPECT_EQ(state.saveMode, bytes == old ? SaveMode::SaveAs : SaveMode::Save);
+            EXPECT_EQ(files.list(grades, ".new").size(), 0U) << operation;
+        }
+    }
+}
+
+using SaveHooks = FileCommands;
+
+TEST_F(SaveHooks, UnloadClosesTheWindow) {
+    workOnA();
+    state.afterSaveAction = AfterSaveAction::Unload;
+    mnuSave(program);
+    EXPECT_EQ(window.calls, (Calls{"setCaption a.qrv", "close"}));
+}
+
+TEST_F(SaveHooks, ExitAfterSaveClosesTheWindow) {
+    workOnA();
+    state.exitAfterSave = true;
+    mnuSave(program);
+    EXPECT_EQ(window.calls, (Calls{"setCaption a.qrv", "close"}));
+}
+
+TEST_F(SaveHooks, EachOfThemClosesItSeparately) {
+    workOnA();
+    state.afterSaveAction = AfterSaveAction::Unload;
+    state.exitAfterSave = true;
+    mnuSave(program);
+    EXPECT_EQ(window.calls, (Calls{"setCaption a.qrv", "close", "close"}));
+}
+
+TEST_F(SaveHooks, ACanceledSaveRunsNone) {
+    state.afterSaveAction = AfterSaveAction::Unload;
+    state.exitAfterSave = true;
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    EXPECT_TRUE(window.calls.empty());
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -12,10 +12,13 @@ namespace quorvel {
 
 namespace {
 
+[[noreturn]] void refuseNumber(const char* what, int number, int count) {
+    throw InternalError(std::string(what) + " " + std::to_string(number) + " is outside 1 to " +
+                        std::to_string(count) + ".");
+}
+
 void checkNumber(const char* what, int number, int count) {
-    if (number < 1 || number > count)
-        throw InternalError(std::string(what) + " " + std::to_string(number) + " is outside 1 to " +
-                            std::to_string(count) + ".");
+    if (number < 1 || number > count) refuseNumber(what, number, count);
 }
 
 void checkRoom(const char* what, int count) {

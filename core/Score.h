@@ -16,7 +16,12 @@ class Score {
     Score() = default;
     explicit Score(TaggedValue value) : value_(std::move(value)) {}
 
-    static Score ofText(std::string_view text) { return Score(TaggedValue(std::string(text))); }
+    static Score ofText(std::string_view text) {
+        // Made in place: sheets are read and written by the hundred thousand scores.
+        Score score;
+        score.value_.emplace<std::string>(text);
+        return score;
+    }
     static Score excused() { return ofText(excusedMark); }
     /// The whole number 0 (not text) that new cells are given.
     static Score zero() { return Score(TaggedValue(std::int16_t{0})); }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
-#include <type_traits>
 #include <utility>
 
 namespace quorvel {
@@ -74,13 +73,10 @@ Score scoreFrom(const std::array<char, 8>& payload) {
     return Score(TaggedValue(number));
 }
 
-bool fitsSixteenBits(std::int32_t number) {
-    return number >= std::numeric_limits<std::int16_t>::min() &&
-           number <= std::numeric_limits<std::int16_t>::max();
-}
-
-std::int16_t added(std::int16_t sum, std::int32_t result) {
-    return fitsSixteenBits(result) ? static_cast<std::int16_t>(result) : sum;
+/// The sum after an addition came to `result`, which is skipped where 16 bits are too few.
+std::int16_t keptSum(std::int16_t sum, std::int32_t result) {
+    const auto kept = static_cast<std::int16_t>(result);
+    return kept == result ? kept : sum;
 }
 
 std::size_t indexOf(int student) {
@@ -121,23 +117,28 @@ void ScoreColumn::setScore(int student, const Score& score) {
     if (cell.textLength == longText) longTexts_.erase(student);
     cell = {};
     cell.type = static_cast<std::uint8_t>(score.value().index());
-    std::visit(
-        [&](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::string>) {
-                if (held.size() <= cell.payload.size()) {
-                    cell.textLength = static_cast<std::uint8_t>(held.size());
-                    std::memcpy(cell.payload.data(), held.data(), held.size());
-                } else {
-                    cell.textLength = longText;
-                    longTexts_[student] = held;
-                }
-            } else if constexpr (!std::is_same_v<Held, std::monostate>) {
-                std::memcpy(cell.payload.data(), &held, sizeof held);
-            }
-        },
-        score.value());
+    if (const auto* const text = std::get_if<std::string>(&score.value()))
+        setText(student, *text);
+    else if (const auto* const small = std::get_if<std::int16_t>(&score.value()))
+        std::memcpy(cell.payload.data(), small, sizeof *small);
+    else if (const auto* const large = std::get_if<std::int32_t>(&score.value()))
+        std::memcpy(cell.payload.data(), large, sizeof *large);
+    else if (const auto* const single = std::get_if<float>(&score.value()))
+        std::memcpy(cell.payload.data(), single, sizeof *single);
+    else if (const auto* const real = std::get_if<double>(&score.value()))
+        std::memcpy(cell.payload.data(), real, sizeof *real);
     points_[indexOf(student)] = packed(pointsOf(score));
+}
+
+void ScoreColumn::setText(int student, std::string_view text) {
+    Cell& cell = cells_[indexOf(student)];
+    if (text.size() > cell.payload.size()) {
+        cell.textLength = longText;
+        longTexts_[student] = text;
+        return;
+    }
+    cell.textLength = static_cast<std::uint8_t>(text.size());
+    std::memcpy(cell.payload.data(), text.data(), text.size());
 }
 
 void ScoreColumn::shrinkTo(int studentCount) {
@@ -189,13 +190,13 @@ void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
         // The fractions are numbered so that this is 1 above one half, and at one half beside an
         // odd whole number: halves go to the even neighbour.
         const std::int32_t roundedUp = ((points & fractionMask) + (whole & 1) + 1) >> 2;
-        earned[i] = added(earned[i], whole + roundedUp);
+        earned[i] = keptSum(earned[i], whole + roundedUp);
         const std::int32_t counted = (points & excusedBit) != 0 ? 0 : value;
-        possible[i] = added(possible[i], possible[i] + counted);
+        possible[i] = keptSum(possible[i], possible[i] + counted);
     }
     if (value == 0) return;
     for (std::size_t i = stored; i < possible.size(); ++i)
-        possible[i] = added(possible[i], possible[i] + value);
+        possible[i] = keptSum(possible[i], possible[i] + value);
 }
 
 CellPoints ScoreColumn::points(int student) const {

@@ -5,6 +5,7 @@
 #include <map>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/Score.h"
@@ -69,6 +70,8 @@ class ScoreColumn {
         std::uint8_t textLength = 0;
         std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
     };
+
+    void setText(int student, std::string_view text);
 
     /// A cell's points and its value, one of each for every stored cell.
     std::vector<PackedPoints> points_;

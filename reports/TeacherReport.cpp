@@ -62,7 +62,7 @@ std::string cell(std::string_view text, std::size_t width) {
 
 std::string nameCell(std::string_view name) {
     const std::string_view shown = name.substr(0, nameWidth);
-    return '|' + std::string(shown) + std::string(nameWidth - shown.size(), ' ') + '|';
+    return std::string("|").append(shown).append(nameWidth - shown.size(), ' ').append("|");
 }
 
 /// An average with its tenth, or without where that is too wide for the column.
@@ -147,7 +147,8 @@ class ChartSheet {
         printRow(
             "                    |", [](int) { return std::string(); }, "");
         printRow(
-            "|Student Name       |", [](int a) { return "#" + std::to_string(a); },
+            "|Student Name       |",
+            [](int a) { return std::string("#").append(std::to_string(a)); },
             "Total| PP |  % |LG|");
     }
 

@@ -1,0 +1,88 @@
+#include "app/qrv/Arguments.h"
+
+#include <array>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+#include <getopt.h>
+
+#include "app/qrv/Problem.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr int outputOption = 'o';
+constexpr int longOption = 256;
+
+constexpr std::array<option, 14> knownOptions{{
+    {"alias", no_argument, nullptr, longOption},
+    {"date", required_argument, nullptr, longOption},
+    {"help", no_argument, nullptr, longOption},
+    {"output", required_argument, nullptr, outputOption},
+    {"round-up", no_argument, nullptr, longOption},
+    {"scale", required_argument, nullptr, longOption},
+    {"school", required_argument, nullptr, longOption},
+    {"settings", required_argument, nullptr, longOption},
+    {"student", required_argument, nullptr, longOption},
+    {"teacher", required_argument, nullptr, longOption},
+    {"time", required_argument, nullptr, longOption},
+    {"title", required_argument, nullptr, longOption},
+    {nullptr, 0, nullptr, 0},
+}};
+
+/// The option that getopt_long stumbled over: it names a letter in optopt, and has moved past a
+/// word.
+std::string refusedOption(const std::vector<char*>& words) {
+    if (optopt > 0 && optopt < longOption) return {'-', static_cast<char>(optopt)};
+    return words[static_cast<std::size_t>(optind) - 1];
+}
+
+}  // namespace
+
+std::optional<std::string> Arguments::value(std::string_view option) const {
+    const auto found = options.find(option);
+    if (found == options.end()) return std::nullopt;
+    return found->second;
+}
+
+Arguments parseArguments(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words{"qrv"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<char*> pointers;
+    for (std::string& word : words) pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    const int count = static_cast<int>(words.size());
+
+    Arguments result;
+    opterr = 0;
+    optind = 1;
+    while (true) {
+        int index = 0;
+        const int found = getopt_long(count, pointers.data(), ":o:", knownOptions.data(), &index);
+        if (found == -1) break;
+        if (found == ':') throw UsageError("option " + refusedOption(pointers) + " wants a value");
+        if (found == '?') throw UsageError("unknown option " + refusedOption(pointers));
+        const char* name =
+            found == outputOption ? "output" : knownOptions[static_cast<std::size_t>(index)].name;
+        result.options[name] = optarg != nullptr ? optarg : "";
+    }
+    for (auto word = static_cast<std::size_t>(optind); word < words.size(); ++word) {
+        result.operands.emplace_back(pointers[word]);
+    }
+    return result;
+}
+
+std::optional<long long> wholeNumber(std::string_view text) {
+    long long number = 0;
+    const bool negative = text.starts_with('-');
+    const char* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (rest != end || error == std::errc::invalid_argument) return std::nullopt;
+    using Limits = std::numeric_limits<long long>;
+    if (error == std::errc::result_out_of_range) return negative ? Limits::min() : Limits::max();
+    return number;
+}
+
+}  // namespace quorvel

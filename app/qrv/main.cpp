@@ -1,0 +1,12 @@
+#include <csignal>
+
+#include "app/qrv/Qrv.h"
+#include "platform/posix/PosixFiles.h"
+
+int main(int argc, char** argv) {
+    // Writing to a reader that is gone fails instead of killing the program.
+    std::signal(SIGPIPE, SIG_IGN);
+    quorvel::PosixFiles files;
+    quorvel::Environment environment{files, quorvel::CodePage::windows1252()};
+    return static_cast<int>(quorvel::runQrv({argv + 1, argv + argc}, environment));
+}

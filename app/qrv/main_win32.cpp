@@ -1,0 +1,10 @@
+#include "app/qrv/Qrv.h"
+#include "platform/win32/CommandLine.h"
+#include "platform/win32/WindowsFiles.h"
+
+int main() {
+    const quorvel::Utf8Output output;
+    quorvel::WindowsFiles files;
+    quorvel::Environment environment{files, quorvel::CodePage::windows1252()};
+    return static_cast<int>(quorvel::runQrv(quorvel::commandLineArguments(), environment));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quorvel {
+
+/// The words of the process's command line behind the program's name, in UTF-8.
+std::vector<std::string> commandLineArguments();
+
+/// While it lives, standard output takes bytes as they are, and a console shows them as UTF-8.
+class Utf8Output {
+  public:
+    Utf8Output();
+    ~Utf8Output();
+    Utf8Output(const Utf8Output&) = delete;
+    Utf8Output& operator=(const Utf8Output&) = delete;
+
+  private:
+    unsigned int consoleCodePage_;
+};
+
+}  // namespace quorvel

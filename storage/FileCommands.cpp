@@ -67,8 +67,9 @@ SaveOutcome saveSheet(CommandContext& context) {
 std::optional<std::filesystem::path> recoveredFile(CommandContext& context) {
     const std::filesystem::path folder = gradesFolder(context.state);
     for (int number = 1; number <= recoveredNames; ++number) {
-        const std::string suffix = number == 1 ? "" : " " + std::to_string(number);
-        std::filesystem::path file = folder / ("Recovered" + suffix + ".qrv");
+        std::string name = "Recovered";
+        if (number > 1) name.append(" ").append(std::to_string(number));
+        std::filesystem::path file = folder / name.append(".qrv");
         if (!context.ports.files.exists(file)) return file;
     }
     return std::nullopt;
@@ -103,9 +104,7 @@ void loadSheet(CommandContext& context) {
     state.currentPath = *chosen;
     state.sheetFileName = currentFileName(state);
     updateRecentFiles(context);
-    const Bytes bytes =
-        readSheetBytes(context.ports.files, state.inProgramFolder(state.currentPath));
-    decodeSheet(bytes, context.sheet);
+    readSheet(context.ports.files, state.inProgramFolder(state.currentPath), context.sheet);
     context.window.setCaption(state.sheetFileName);
     state.openFromRecent = false;
     state.isDirty = false;

@@ -25,8 +25,8 @@ enum class TypeTag : std::uint16_t {
 };
 
 constexpr std::size_t tagSize = sizeof(TypeTag);
-/// What a stream holds back before it hands it on.
-constexpr std::size_t blockSize = 1024 * recordSize;
+/// What is read or written at a time: few calls, and small enough to stay near the processor.
+constexpr std::size_t blockSize = 2048 * recordSize;
 /// Names tried for a file beside the one to be written. One that is taken is left alone: it may be
 /// the user's, or what a crash left.
 constexpr int temporaryNames = 100;
@@ -56,12 +56,12 @@ TaggedValue taggedNumberAt(std::span<const std::byte> bytes) {
 }
 
 /// The text behind a 2-byte length, as far as the bytes go; nothing without a length.
-std::optional<std::string> textAt(std::span<const std::byte> bytes) {
+std::optional<std::string_view> textAt(std::span<const std::byte> bytes) {
     const auto length = numberAt<std::uint16_t>(bytes);
     if (!length) return std::nullopt;
     const auto characters = bytes.subspan(sizeof *length);
     const std::size_t count = std::min<std::size_t>(*length, characters.size());
-    return std::string(reinterpret_cast<const char*>(characters.data()), count);
+    return std::string_view(reinterpret_cast<const char*>(characters.data()), count);
 }
 
 /// Puts a number at the start of `target`, little-endian, and gives what is left behind it.
@@ -135,7 +135,8 @@ std::optional<std::filesystem::path> temporaryNameFor(Files& files,
                                                       const std::filesystem::path& file) {
     for (int number = 1; number <= temporaryNames; ++number) {
         std::filesystem::path name = file;
-        name += number == 1 ? ".new" : ".new" + std::to_string(number);
+        name += ".new";
+        if (number > 1) name += std::to_string(number);
         if (!files.exists(name)) return name;
     }
     return std::nullopt;
@@ -178,7 +179,16 @@ bool writeOver(Files& files, const std::filesystem::path& file, const Content& w
 
 }  // namespace
 
+bool RecordReader::refill() {
+    if (file_ == nullptr) return false;
+    block_.resize(blockSize);
+    bytes_ = std::span(block_).first(file_->read(block_));
+    if (bytes_.size() < block_.size()) file_ = nullptr;
+    return !bytes_.empty();
+}
+
 std::span<const std::byte> RecordReader::nextRecord() {
+    if (bytes_.empty()) refill();
     const auto record = bytes_.first(std::min(recordSize, bytes_.size()));
     bytes_ = bytes_.subspan(record.size());
     return record;
@@ -189,7 +199,7 @@ std::int16_t RecordReader::integer() {
 }
 
 std::string RecordReader::text() {
-    return textAt(nextRecord()).value_or("");
+    return std::string(textAt(nextRecord()).value_or(""));
 }
 
 TaggedValue RecordReader::taggedValue() {
@@ -207,8 +217,9 @@ TaggedValue RecordReader::taggedValue() {
         case TypeTag::Double:
             return taggedNumberAt<double>(payload);
         case TypeTag::Text: {
-            auto text = textAt(payload);
-            return text ? TaggedValue(std::move(*text)) : TaggedValue();
+            const auto text = textAt(payload);
+            if (text) return TaggedValue(std::in_place_type<std::string>, *text);
+            break;
         }
         case TypeTag::Empty:
             break;

@@ -24,7 +24,12 @@ inline constexpr std::size_t longestTaggedText = recordSize - 4;
 /// a zero, an empty text, an empty tagged value; so does what a shortened last record lacks.
 class RecordReader {
   public:
+    /// The bytes must outlive the reader.
     explicit RecordReader(std::span<const std::byte> bytes) : bytes_(bytes) {}
+    /// Reads a file block by block, from where it stands. It must outlive the reader.
+    explicit RecordReader(InputFile& file) : file_(&file) {}
+    RecordReader(const RecordReader&) = delete;
+    RecordReader& operator=(const RecordReader&) = delete;
 
     std::int16_t integer();
     /// A text cut short by the end of its record is what there is of it.
@@ -32,12 +37,15 @@ class RecordReader {
     /// A value of unknown type is empty.
     TaggedValue taggedValue();
     /// True once the next record would start at or behind the end of the bytes.
-    bool atEnd() const { return bytes_.empty(); }
+    bool atEnd() { return bytes_.empty() && !refill(); }
 
   private:
     std::span<const std::byte> nextRecord();
+    bool refill();
 
-    std::span<const std::byte> bytes_;  // what is still to be read
+    std::span<const std::byte> bytes_;  // what is still to be read of the block
+    InputFile* file_ = nullptr;         // where more may come from
+    Bytes block_;
 };
 
 /// Writes values into records in order, into memory. The unused rest of a record is zeros. A text

@@ -24,7 +24,7 @@ GradingScale readGradingScale(RecordReader& reader) {
     for (std::int16_t& minimum : scale.minimums) minimum = reader.integer();
     if (scale.minimums.front() == 0) scale.minimums = GradingScale::defaultMinimums;
     scale.roundUp = reader.text();
-    if (scale.roundUp.empty()) scale.roundUp = GradingScale::roundUpOff;
+    if (scale.roundUp.empty()) scale.roundUp = std::string(GradingScale::roundUpOff);
     return scale;
 }
 

@@ -12,11 +12,6 @@ namespace quorvel {
 
 namespace {
 
-/// Both counts and the title.
-constexpr std::uint64_t headerRecords = 3;
-constexpr std::uint64_t recordsPerStudent = 2;
-constexpr std::uint64_t recordsPerAssignment = 2;
-
 /// The count that a value of any type means: nothing where it was never set, 0 where it is none
 /// that a sheet can have.
 std::optional<int> countOf(const TaggedValue& value) {
@@ -57,6 +52,16 @@ void decodeAssignments(RecordReader& reader, GradeSheet& sheet) {
     }
 }
 
+void decode(RecordReader& reader, GradeSheet& sheet) {
+    const auto students = countOf(reader.taggedValue());
+    const auto assignments = countOf(reader.taggedValue());
+    sheet.sheetTitle = reader.text();
+    sheet.recreate(students, assignments);
+    decodeScores(reader, sheet);
+    decodeStudents(reader, sheet);
+    decodeAssignments(reader, sheet);
+}
+
 void encodeScores(RecordStream& stream, const GradeSheet& sheet) {
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
         if (stream.failed()) return;
@@ -83,32 +88,22 @@ void encodeSheet(RecordStream& stream, const GradeSheet& sheet) {
 
 }  // namespace
 
-Bytes readSheetBytes(Files& files, const std::filesystem::path& file) {
-    const auto header = files.read(file, headerRecords * recordSize);
-    if (!header) return {};
-    RecordReader reader(*header);
-    const auto students = static_cast<std::uint64_t>(countOf(reader.taggedValue()).value_or(0));
-    const auto assignments = static_cast<std::uint64_t>(countOf(reader.taggedValue()).value_or(0));
-    const std::uint64_t records = headerRecords + assignments * students +
-                                  recordsPerStudent * students + recordsPerAssignment * assignments;
-    return files.read(file, records * recordSize).value_or(Bytes());
-}
-
-void decodeSheet(std::span<const std::byte> bytes, GradeSheet& sheet) {
-    RecordReader reader(bytes);
-    const auto students = countOf(reader.taggedValue());
-    const auto assignments = countOf(reader.taggedValue());
-    sheet.sheetTitle = reader.text();
-    sheet.recreate(students, assignments);
-    decodeScores(reader, sheet);
-    decodeStudents(reader, sheet);
-    decodeAssignments(reader, sheet);
-}
-
 GradeSheet decodeSheet(std::span<const std::byte> bytes) {
+    RecordReader reader(bytes);
     GradeSheet sheet;
-    decodeSheet(bytes, sheet);
+    decode(reader, sheet);
     return sheet;
+}
+
+void readSheet(Files& files, const std::filesystem::path& file, GradeSheet& sheet) {
+    const auto input = files.openForReading(file);
+    if (input) {
+        RecordReader reader(*input);
+        decode(reader, sheet);
+    } else {
+        sheet.sheetTitle.clear();
+        sheet.recreate(std::nullopt, std::nullopt);
+    }
 }
 
 bool writeSheet(Files& files, const std::filesystem::path& file, const GradeSheet& sheet) {

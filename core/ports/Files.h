@@ -1,16 +1,27 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace quorvel {
 
 using Bytes = std::vector<std::byte>;
+
+/// A file being read from its start. Destroying it closes it.
+class InputFile {
+  public:
+    virtual ~InputFile() = default;
+    /// Fills `target` from where the last call stopped. The number of bytes it got: fewer than asked
+    /// for only at the end of the file, or where it cannot be read any further.
+    virtual std::size_t read(std::span<std::byte> target) = 0;
+};
 
 /// A file being written. Destroying it closes it.
 class OutputFile {
@@ -39,6 +50,9 @@ class Files {
     /// The bytes from `offset` on, empty behind the end; nothing when it cannot be read.
     virtual std::optional<Bytes> readFrom(const std::filesystem::path& file,
                                           std::uint64_t offset) = 0;
+    /// Nothing when the file cannot be read. Without an own way of reading piece by piece this reads
+    /// the whole file at once.
+    virtual std::unique_ptr<InputFile> openForReading(const std::filesystem::path& file);
     /// Nothing when the file cannot be opened for writing.
     virtual std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) = 0;
     /// Puts `from` in the place of `to` in one step; `to` may exist.
@@ -54,5 +68,28 @@ class Files {
     /// `file` itself.
     virtual std::filesystem::path followLink(const std::filesystem::path& file) { return file; }
 };
+
+/// A file that is in memory.
+class BytesInputFile final : public InputFile {
+  public:
+    explicit BytesInputFile(Bytes bytes) : bytes_(std::move(bytes)) {}
+
+    std::size_t read(std::span<std::byte> target) override {
+        const std::size_t count = std::min(target.size(), bytes_.size() - position_);
+        std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(position_), count, target.begin());
+        position_ += count;
+        return count;
+    }
+
+  private:
+    Bytes bytes_;
+    std::size_t position_ = 0;
+};
+
+inline std::unique_ptr<InputFile> Files::openForReading(const std::filesystem::path& file) {
+    auto bytes = read(file);
+    if (!bytes) return nullptr;
+    return std::make_unique<BytesInputFile>(std::move(*bytes));
+}
 
 }  // namespace quorvel

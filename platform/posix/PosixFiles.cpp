@@ -107,6 +107,18 @@ void flushFolderOf(const std::filesystem::path& file) {
     if (descriptor.isOpen()) ::fsync(descriptor.number());
 }
 
+class PosixInputFile final : public InputFile {
+  public:
+    explicit PosixInputFile(Descriptor file) : file_(std::move(file)) {}
+
+    std::size_t read(std::span<std::byte> target) override {
+        return readInto(file_, target).value_or(0);
+    }
+
+  private:
+    Descriptor file_;
+};
+
 class PosixOutputFile final : public OutputFile {
   public:
     explicit PosixOutputFile(Descriptor file) : file_(std::move(file)) {}
@@ -150,6 +162,12 @@ std::optional<Bytes> PosixFiles::readFrom(const std::filesystem::path& file, std
     if (!descriptor.isOpen() || !std::in_range<off_t>(offset)) return std::nullopt;
     if (::lseek(descriptor.number(), static_cast<off_t>(offset), SEEK_SET) < 0) return std::nullopt;
     return readRest(descriptor, sizeFrom(descriptor, offset), UINT64_MAX);
+}
+
+std::unique_ptr<InputFile> PosixFiles::openForReading(const std::filesystem::path& file) {
+    Descriptor descriptor = openDescriptor(file, O_RDONLY);
+    if (!descriptor.isOpen()) return nullptr;
+    return std::make_unique<PosixInputFile>(std::move(descriptor));
 }
 
 std::unique_ptr<OutputFile> PosixFiles::open(const std::filesystem::path& file, OpenMode mode) {

@@ -10,6 +10,7 @@ class PosixFiles final : public Files {
     std::optional<Bytes> read(const std::filesystem::path& file,
                               std::uint64_t limit = UINT64_MAX) override;
     std::optional<Bytes> readFrom(const std::filesystem::path& file, std::uint64_t offset) override;
+    std::unique_ptr<InputFile> openForReading(const std::filesystem::path& file) override;
     /// A file that nobody may write is not opened, even for those whom the system would let.
     std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) override;
     /// The new file takes over the permissions of the old one. A write-protected file stays.

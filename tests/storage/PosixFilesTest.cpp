@@ -71,6 +71,31 @@ TEST_F(PosixFilesTest, ReadsAFileThatDoesNotTellItsSize) {
     EXPECT_EQ(files_.read("/proc/self/status", 5), firstBytes(*bytes, 5));
 }
 
+TEST_F(PosixFilesTest, ReadsPieceByPiece) {
+    const fs::path file = put("a", hex("01 02 03 04 05"));
+    const auto input = files_.openForReading(file);
+    ASSERT_TRUE(input);
+    Bytes piece(3);
+    EXPECT_EQ(input->read(piece), 3U);
+    EXPECT_EQ(piece, hex("01 02 03"));
+    EXPECT_EQ(input->read(piece), 2U);
+    EXPECT_EQ(firstBytes(piece, 2), hex("04 05"));
+    EXPECT_EQ(input->read(piece), 0U);
+    EXPECT_EQ(files_.openForReading(folder_ / "missing"), nullptr);
+}
+
+TEST_F(PosixFilesTest, AFileWithoutAnEndIsReadNoFurtherThanItsSheetGoes) {
+    GradeSheet sheet = sampleSheet();
+    readSheet(files_, "/dev/zero", sheet);
+    EXPECT_EQ(contentOf(sheet), contentOf(GradeSheet()));
+}
+
+TEST_F(PosixFilesTest, AFolderIsReadAsASheetWithoutBytes) {
+    GradeSheet sheet = sampleSheet();
+    readSheet(files_, folder_, sheet);
+    EXPECT_EQ(contentOf(sheet), contentOf(GradeSheet()));
+}
+
 TEST_F(PosixFilesTest, ReplaceEmptiesAFileAndWriteOverKeepsItsRest) {
     const fs::path file = put("a", hex("01 02 03 04 05"));
     ASSERT_TRUE(files_.open(file, Files::OpenMode::WriteOver)->append(hex("AA BB")));

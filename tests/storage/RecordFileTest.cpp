@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -75,6 +76,34 @@ TEST(RecordReader, ReadsBehindTheEndAsEmpty) {
     EXPECT_EQ(reader.integer(), 0);
     EXPECT_EQ(reader.text(), "");
     EXPECT_EQ(reader.taggedValue(), TaggedValue());
+}
+
+TEST(RecordReader, ReadsAFileBlockByBlock) {
+    Bytes bytes;
+    constexpr int records = 5000;
+    for (int number = 0; number < records; ++number)
+        bytes = std::move(bytes) + integerRecord(number);
+    BytesInputFile file(bytes + hex("41"));
+    RecordReader reader(file);
+    for (int number = 0; number < records; ++number) {
+        ASSERT_FALSE(reader.atEnd()) << number;
+        ASSERT_EQ(reader.integer(), number);
+    }
+    EXPECT_FALSE(reader.atEnd());
+    EXPECT_EQ(reader.integer(), 0);
+    EXPECT_TRUE(reader.atEnd());
+    EXPECT_EQ(reader.integer(), 0);
+    EXPECT_TRUE(reader.atEnd());
+}
+
+TEST(RecordReader, AFileOfWholeBlocksEndsWithTheLast) {
+    for (const std::size_t records : {2047U, 2048U, 2049U, 4096U}) {
+        BytesInputFile file(Bytes(records * 128, std::byte{0x01}));
+        RecordReader reader(file);
+        std::size_t count = 0;
+        for (; !reader.atEnd(); ++count) ASSERT_EQ(reader.integer(), 0x0101);
+        EXPECT_EQ(count, records);
+    }
 }
 
 TEST(RecordReader, ATextLongerThanItsRecordIsWhatTheRecordHolds) {

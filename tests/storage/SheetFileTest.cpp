@@ -151,12 +151,6 @@ TEST(DecodeSheet, ACellOfUnknownTypeIsEmptyAndTheOthersStay) {
               "'' 0: text '1' empty text '3'\n");
 }
 
-TEST(DecodeSheet, AnOpenSheetIsReplacedAsAWhole) {
-    GradeSheet sheet = sampleSheet();
-    decodeSheet(joined({taggedIntegerRecord(1), taggedIntegerRecord(1), textRecord("Art")}), sheet);
-    EXPECT_EQ(contentOf(sheet), "students 1, assignments 1, title 'Art'\n'' ''\n'' 0: empty\n");
-}
-
 /// One student and one assignment in 8 records, and what each number of its bytes is read as.
 class CutOff : public ::testing::Test {
   protected:
@@ -270,15 +264,20 @@ TEST(WriteSheet, AShorterFileIsReplacedWhole) {
     EXPECT_EQ(fileOf(sampleSheet(), hex("02")), sampleFile());
 }
 
-TEST(ReadSheetBytes, LeavesOutWhatNoSheetNeeds) {
+TEST(ReadSheet, ReplacesAnOpenSheetAsAWhole) {
     MemoryFiles files;
-    files.files["/a.qrv"] = sampleFile() + Bytes(100000);
-    EXPECT_EQ(readSheetBytes(files, "/a.qrv"), sampleFile());
-    files.files["/new.qrv"] = emptyRecord() + emptyRecord() + textRecord("T") + Bytes(1000);
-    EXPECT_EQ(readSheetBytes(files, "/new.qrv").size(), 3 * recordLength);
-    files.files["/short.qrv"] = hex("02 00 01");
-    EXPECT_EQ(readSheetBytes(files, "/short.qrv"), hex("02 00 01"));
-    EXPECT_EQ(readSheetBytes(files, "/missing.qrv"), Bytes());
+    files.files["/a.qrv"] =
+        joined({taggedIntegerRecord(1), taggedIntegerRecord(1), textRecord("Art")});
+    GradeSheet sheet = sampleSheet();
+    readSheet(files, "/a.qrv", sheet);
+    EXPECT_EQ(contentOf(sheet), "students 1, assignments 1, title 'Art'\n'' ''\n'' 0: empty\n");
+}
+
+TEST(ReadSheet, AFileThatCannotBeReadGivesEmptyValues) {
+    MemoryFiles files;
+    GradeSheet sheet = sampleSheet();
+    readSheet(files, "/missing.qrv", sheet);
+    EXPECT_EQ(contentOf(sheet), contentOf(decodeSheet({})));
 }
 
 }  // namespace

@@ -53,13 +53,14 @@ class Bitmap {
         EXPECT_EQ(numberAt(bytes_, 14), 40) << name;
         EXPECT_EQ(byteAt(bytes_, 28), 24) << name << " has other than 24 bits a pixel";
         EXPECT_EQ(numberAt(bytes_, 30), 0) << name << " is compressed";
-        EXPECT_EQ(bytes_.size(), static_cast<std::size_t>(54 + rowSize() * height())) << name;
+        EXPECT_EQ(static_cast<int>(bytes_.size()), headerSize + rowSize() * height()) << name;
     }
 
     int width() const { return numberAt(bytes_, 18); }
     int height() const { return numberAt(bytes_, 22); }
     Colour24 at(int x, int y) const {
-        const auto place = static_cast<std::size_t>(54 + rowSize() * (height() - 1 - y) + 3 * x);
+        const int pixel = headerSize + rowSize() * (height() - 1 - y) + 3 * x;
+        const auto place = static_cast<std::size_t>(pixel);
         return {byteAt(bytes_, place + 2), byteAt(bytes_, place + 1), byteAt(bytes_, place)};
     }
 
@@ -74,6 +75,8 @@ class Bitmap {
     }
 
   private:
+    static constexpr int headerSize = 14 + 40;  // bytes of the file's and the picture's header
+
     int rowSize() const { return (width() * 3 + 3) / 4 * 4; }
 
     std::string bytes_;
@@ -84,6 +87,7 @@ const std::array<std::string, 16> shapes{"0", "1", "2", "3", "4", "5", "6", "7",
 
 std::vector<std::string> glyphFiles() {
     std::vector<std::string> files{"DP.bmp", "_.bmp", "__.bmp"};
+    files.reserve(Canvas::glyphCount);
     for (const std::string& shape : shapes) {
         files.push_back(shape + ".bmp");
         files.push_back(shape + shape + ".bmp");
@@ -223,6 +227,7 @@ TEST(Bitmaps, NoTwoFiguresLookTheSame) {
     for (const std::string& file : glyphFiles()) {
         const Bitmap glyph(file);
         std::vector<Colour24> pixels;
+        pixels.reserve(std::size_t{Canvas::glyphWidth} * Canvas::glyphHeight);
         for (int i = 0; i < Canvas::glyphWidth * Canvas::glyphHeight; ++i) {
             pixels.push_back(glyph.at(i % Canvas::glyphWidth, i / Canvas::glyphWidth));
         }

@@ -162,23 +162,23 @@ void ScoreColumn::remove(int student) {
 }
 
 void ScoreColumn::reorder(std::span<const int> order) {
-    std::vector<PackedPoints> points;
-    std::vector<Cell> cells;
-    std::map<int, std::string> longTexts;
+    std::vector<PackedPoints> newPoints;
+    std::vector<Cell> newCells;
+    std::map<int, std::string> newLongTexts;
     for (std::size_t i = 0; i < order.size(); ++i) {
         const int student = order[i];
-        if (student > storedCount()) continue;
-        // Grown only as far as cells come, so that a column stays as short as it can.
-        points.resize(i + 1, packedEmpty);
-        cells.resize(i + 1);
-        points[i] = points_[indexOf(student)];
-        cells[i] = cells_[indexOf(student)];
-        if (cells[i].textLength == longText)
-            longTexts.emplace(static_cast<int>(i) + 1, std::move(longTexts_.at(student)));
+        // Grown only as far as values come, so that a column stays as short as it can.
+        if (student > storedCount() || points(student).empty) continue;
+        newPoints.resize(i + 1, packedEmpty);
+        newCells.resize(i + 1);
+        newPoints[i] = points_[indexOf(student)];
+        newCells[i] = cells_[indexOf(student)];
+        if (newCells[i].textLength == longText)
+            newLongTexts.emplace(static_cast<int>(i) + 1, std::move(longTexts_.at(student)));
     }
-    points_ = std::move(points);
-    cells_ = std::move(cells);
-    longTexts_ = std::move(longTexts);
+    points_ = std::move(newPoints);
+    cells_ = std::move(newCells);
+    longTexts_ = std::move(newLongTexts);
 }
 
 void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,

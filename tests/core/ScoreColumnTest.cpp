@@ -1,0 +1,266 @@
+#include <array>
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "core/ScoreColumn.h"
+
+namespace quorvel {
+namespace {
+
+using Fraction = CellPoints::Fraction;
+
+Score number(int value) {
+    return Score(TaggedValue(static_cast<std::int16_t>(value)));
+}
+Score text(std::string_view value) {
+    return Score::ofText(value);
+}
+
+CellPoints pointsOf(const Score& score) {
+    ScoreColumn column;
+    column.setScore(1, Score::zero());
+    column.setScore(1, score);
+    return column.points(1);
+}
+
+/// The scores of students 1 to `count` as texts, an empty one as "-".
+std::vector<std::string> texts(const ScoreColumn& column, int count) {
+    std::vector<std::string> result;
+    for (int student = 1; student <= count; ++student) {
+        const Score score = column.score(student);
+        result.push_back(score.isEmpty() ? "-" : score.text());
+    }
+    return result;
+}
+
+using Texts = std::vector<std::string>;
+
+const std::string longText = "12.3456789 points, and a remark of some length";
+
+TEST(ScoreColumn, GivesBackExactlyWhatWasSet) {
+    const Score scores[] = {
+        Score(),
+        Score::zero(),
+        number(-32768),
+        number(32767),
+        Score(TaggedValue(std::int32_t{0})),
+        Score(TaggedValue(std::numeric_limits<std::int32_t>::min())),
+        Score(TaggedValue(2.03F)),
+        Score(TaggedValue(std::numeric_limits<float>::infinity())),
+        Score(TaggedValue(0.1)),
+        Score(TaggedValue(5e-324)),
+        text(""),
+        text("E"),
+        text("17"),
+        text("007"),
+        text("12345678"),
+        text("123456789"),
+        text(std::string("a\0b", 3)),
+        text(std::string("\0\0\0\0\0\0\0\0", 8)),
+        text(longText),
+        text(std::string(1000, '9')),
+        text("\xC9t\xE9"),
+    };
+    ScoreColumn column;
+    int student = 0;
+    for (const Score& score : scores) column.setScore(++student, score);
+    student = 0;
+    for (const Score& score : scores) EXPECT_EQ(column.score(++student), score) << student;
+}
+
+TEST(ScoreColumn, TellsAWholeNumberFromItsText) {
+    ScoreColumn column;
+    column.setScore(1, number(5));
+    column.setScore(2, Score(TaggedValue(std::int32_t{5})));
+    column.setScore(3, text("5"));
+    column.setScore(4, Score(TaggedValue(5.0F)));
+    column.setScore(5, Score(TaggedValue(5.0)));
+    for (int student = 1; student <= 5; ++student)
+        EXPECT_EQ(
+            column.score(student).value().index(),
+            (std::array<std::size_t, 5>{1, 2, 5, 3, 4})[static_cast<std::size_t>(student - 1)])
+            << student;
+}
+
+TEST(ScoreColumn, KeepsEveryBitOfAReal) {
+    const auto quietNan = std::bit_cast<double>(std::uint64_t{0x7FF8DEADBEEF1234});
+    const auto singleNan = std::bit_cast<float>(std::uint32_t{0x7FC12345});
+    ScoreColumn column;
+    column.setScore(1, Score(TaggedValue(quietNan)));
+    column.setScore(2, Score(TaggedValue(singleNan)));
+    column.setScore(3, Score(TaggedValue(-0.0)));
+    const Score first = column.score(1);
+    const Score second = column.score(2);
+    const Score third = column.score(3);
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(std::get<double>(first.value())), 0x7FF8DEADBEEF1234u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(std::get<float>(second.value())), 0x7FC12345u);
+    EXPECT_TRUE(std::signbit(std::get<double>(third.value())));
+}
+
+TEST(ScoreColumn, ReplacesALongTextByAnything) {
+    ScoreColumn column;
+    column.setScore(1, text(longText));
+    column.setScore(1, text(longText + "!"));
+    EXPECT_EQ(column.score(1), text(longText + "!"));
+    column.setScore(1, text("5"));
+    EXPECT_EQ(column.score(1), text("5"));
+    column.setScore(1, text(longText));
+    column.setScore(1, Score());
+    EXPECT_EQ(column.score(1), Score());
+    column.setScore(1, text(longText));
+    EXPECT_EQ(column.score(1), text(longText));
+}
+
+TEST(ScoreColumn, StoresNothingForEmptyCellsBehindTheOthers) {
+    ScoreColumn column;
+    EXPECT_EQ(column.storedCount(), 0);
+    column.setScore(32767, Score());
+    EXPECT_EQ(column.storedCount(), 0);
+    column.setScore(3, text("5"));
+    EXPECT_EQ(column.storedCount(), 3);
+    column.setScore(4, Score());
+    EXPECT_EQ(column.storedCount(), 3);
+    EXPECT_EQ(texts(column, 5), (Texts{"-", "-", "5", "-", "-"}));
+    EXPECT_TRUE(column.points(1).empty);
+    EXPECT_FALSE(column.points(3).empty);
+}
+
+TEST(ScoreColumn, FindsTheNumberThatACellCountsAs) {
+    struct Case {
+        Score score;
+        std::int32_t whole;
+        Fraction fraction;
+    };
+    const Case cases[] = {
+        {number(7), 7, Fraction::None},
+        {number(-7), -7, Fraction::None},
+        {Score(TaggedValue(std::int32_t{70000})), 70000, Fraction::None},
+        {text("17"), 17, Fraction::None},
+        {text("007"), 7, Fraction::None},
+        {text("999999"), 999999, Fraction::None},
+        {text("-7"), -7, Fraction::None},
+        {text(" 7 "), 7, Fraction::None},
+        {text("7.0"), 7, Fraction::None},
+        {text("7.3"), 7, Fraction::BelowHalf},
+        {text("7.49999999999999999999"), 7, Fraction::BelowHalf},
+        {text("7.5"), 7, Fraction::Half},
+        {text("7.50000000000000000000"), 7, Fraction::Half},
+        {text("7.50000000000000000001"), 7, Fraction::AboveHalf},
+        {text("7.9"), 7, Fraction::AboveHalf},
+        {text("-0.3"), -1, Fraction::AboveHalf},
+        {text("-0.5"), -1, Fraction::Half},
+        {text("-0.7"), -1, Fraction::BelowHalf},
+        {text("-2.5"), -3, Fraction::Half},
+        {text("0.00000000000000000000000001"), 0, Fraction::BelowHalf},
+        {text("absent"), 0, Fraction::None},
+        {text(""), 0, Fraction::None},
+        {text("e"), 0, Fraction::None},
+        {text("1e5"), 1, Fraction::None},
+        {text("12:30"), 12, Fraction::None},
+        {text("1000000"), 1000000, Fraction::None},
+        {text("1000001"), 1000000, Fraction::None},
+        {text("99999999999999999999999"), 1000000, Fraction::None},
+        {text("-99999999999999999999999"), -1000000, Fraction::None},
+        {Score(TaggedValue(8.25F)), 8, Fraction::BelowHalf},
+        {Score(TaggedValue(-1e300)), -1000000, Fraction::None},
+        {Score(TaggedValue(std::numeric_limits<double>::quiet_NaN())), 0, Fraction::None},
+        {text(longText), 12, Fraction::BelowHalf},
+    };
+    for (const Case& c : cases) {
+        const CellPoints points = pointsOf(c.score);
+        EXPECT_EQ(points.whole, c.whole) << c.score.text();
+        EXPECT_EQ(points.fraction, c.fraction) << c.score.text();
+        EXPECT_FALSE(points.excused) << c.score.text();
+        EXPECT_FALSE(points.empty) << c.score.text();
+    }
+}
+
+TEST(ScoreColumn, MarksExcusedAndEmptyCells) {
+    EXPECT_TRUE(pointsOf(Score::excused()).excused);
+    EXPECT_FALSE(pointsOf(Score::excused()).empty);
+    EXPECT_EQ(pointsOf(Score::excused()).whole, 0);
+    EXPECT_TRUE(pointsOf(Score()).empty);
+    EXPECT_FALSE(pointsOf(Score()).excused);
+    EXPECT_EQ(pointsOf(Score()).whole, 0);
+}
+
+TEST(ScoreColumn, KnowsWhereTheWholePartIsAllThereIs) {
+    EXPECT_TRUE(pointsOf(text("17")).isExact());
+    EXPECT_TRUE(pointsOf(text("-999999")).isExact());
+    EXPECT_FALSE(pointsOf(text("17.25")).isExact());
+    EXPECT_FALSE(pointsOf(text("5000000")).isExact());
+    EXPECT_FALSE(pointsOf(text("-5000000")).isExact());
+}
+
+TEST(ScoreColumn, ForgetsTheCellsBehindASmallerCount) {
+    ScoreColumn column;
+    for (int student = 1; student <= 4; ++student) column.setScore(student, text(longText));
+    column.shrinkTo(9);
+    EXPECT_EQ(column.storedCount(), 4);
+    column.shrinkTo(2);
+    EXPECT_EQ(texts(column, 4), (Texts{longText, longText, "-", "-"}));
+    column.setScore(4, text("5"));
+    EXPECT_EQ(texts(column, 4), (Texts{longText, longText, "-", "5"}));
+    column.shrinkTo(0);
+    EXPECT_EQ(column.storedCount(), 0);
+}
+
+TEST(ScoreColumn, MovesLaterCellsUpWhenOneIsTakenOut) {
+    ScoreColumn column;
+    column.setScore(1, text("a long text of its own: 1"));
+    column.setScore(2, text("2"));
+    column.setScore(3, text("a long text of its own: 3"));
+    column.setScore(4, text("a long text of its own: 4"));
+    column.setScore(6, text("6"));
+    column.remove(2);
+    EXPECT_EQ(texts(column, 6), (Texts{"a long text of its own: 1", "a long text of its own: 3",
+                                       "a long text of its own: 4", "-", "6", "-"}));
+    EXPECT_EQ(column.storedCount(), 5);
+    EXPECT_EQ(column.points(5).whole, 6);
+    column.remove(2);
+    EXPECT_EQ(texts(column, 4),
+              (Texts{"a long text of its own: 1", "a long text of its own: 4", "-", "6"}));
+    column.remove(20);
+    EXPECT_EQ(column.storedCount(), 4);
+}
+
+TEST(ScoreColumn, TakesANewOrder) {
+    ScoreColumn column;
+    column.setScore(1, text("1"));
+    column.setScore(2, text("a long text of its own: 2"));
+    column.setScore(3, text("3.5"));
+    const std::vector<int> order{5, 2, 4, 1, 3};
+    column.reorder(order);
+    EXPECT_EQ(texts(column, 5), (Texts{"-", "a long text of its own: 2", "-", "1", "3.5"}));
+    EXPECT_EQ(column.points(5).fraction, Fraction::Half);
+    const std::vector<int> back{4, 2, 5, 1, 3};
+    column.reorder(back);
+    EXPECT_EQ(texts(column, 5), (Texts{"1", "a long text of its own: 2", "3.5", "-", "-"}));
+    EXPECT_EQ(column.storedCount(), 3) << "empty cells behind the last are not stored";
+}
+
+TEST(ScoreColumn, StaysEmptyInAnyOrder) {
+    ScoreColumn column;
+    column.reorder(std::vector<int>{3, 1, 2});
+    column.remove(1);
+    EXPECT_EQ(column.storedCount(), 0);
+}
+
+TEST(ScoreColumn, AddsItsCellsToTheSumsOfTheirStudents) {
+    ScoreColumn column;
+    column.setScore(1, text("17"));
+    column.setScore(2, Score::excused());
+    column.setScore(4, text("2.5"));
+    std::vector<std::int16_t> earned{1, 2, 3, 4, 5};
+    std::vector<std::int16_t> possible{10, 20, 30, 40, 50};
+    column.addPoints(20, earned, possible);
+    EXPECT_EQ(earned, (std::vector<std::int16_t>{18, 2, 3, 6, 5}));
+    EXPECT_EQ(possible, (std::vector<std::int16_t>{30, 20, 50, 60, 70}));
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -15,7 +15,7 @@ constexpr std::string_view noChange = "nc";
 
 /// What every change of the roster ends with.
 void sortRosterAndRefresh(CommandContext& context) {
-    if (context.sheet.studentCount() > 0) context.sheet.sortRoster(*context.state.codePage);
+    context.sheet.sortRoster(*context.state.codePage);
     context.window.RefreshGrid();
 }
 

@@ -171,6 +171,14 @@ TEST_F(FileUtilities, CopyingStudentsKeepsAllAssignmentsButTheLast) {
     EXPECT_EQ(sheet.assignmentValue(4), 24);
 }
 
+TEST_F(FileUtilities, CopyingFromASheetWithAsManyAssignmentsTakesItsLastOne) {
+    makeOpenSheet();
+    copyFrom(otherSheet(2, 4));
+    EXPECT_EQ(sheet.assignmentName(3), "Own 3");
+    EXPECT_EQ(sheet.assignmentName(4), "Other 4");
+    EXPECT_EQ(sheet.assignmentValue(4), 24);
+}
+
 TEST_F(FileUtilities, CopyingFromASheetWithFewerAssignmentsKeepsTheLastOneToo) {
     makeOpenSheet();
     copyFrom(otherSheet(2, 3));

@@ -1,0 +1,255 @@
+#include "tests/walk/Walk.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "core/Numbers.h"
+#include "storage/SheetFile.h"
+#include "tests/scenario/Texts.h"
+#include "tests/walk/Invariants.h"
+#include "window/Menu.h"
+
+namespace quorvel::walk {
+
+namespace {
+
+constexpr const char* programFolder = "/Quorvel";
+constexpr const char* passwordFile = "/machine/password";
+
+/// A sheet grows to more than the window shows at a time, and no further: steps stay cheap.
+constexpr int enoughStudents = 24;
+constexpr int enoughAssignments = 18;
+
+/// What reads every cell and pixel is checked this often.
+constexpr int stepsBetweenThoroughChecks = 10;
+
+constexpr int enterKey = 13;
+constexpr int escapeKey = 27;
+
+/// The menu entries, more often chosen ones more often.
+constexpr std::array menu{
+    "mnuAddS",         "mnuAddS",           "mnuAddS",    "mnuEditS",
+    "mnuEditS",        "mnuRemoveS",        "mnuAddA",    "mnuAddA",
+    "mnuAddA",         "mnuEditA",          "mnuRemoveA", "mnuInputA",
+    "mnuInputS",       "mnuSave",           "mnuSave",    "mnuSaveAs",
+    "mnuOpen",         "mnuOpen",           "mnuNew",     "mnuPFile(1)",
+    "mnuPFile(2)",     "mnuPFile(9)",       "mnuPrint",   "mnuEditGradesheetTitle",
+    "mnuGradingScale", "mnuEditSchoolName", "mnuEditTN",  "mnuFont",
+    "mnuEditPassword", "mnuCopy",           "mnuBackup1", "mnuBackup",
+    "mnuHowToUse",     "mnuAbout",          "mnuExit",
+};
+
+/// Those that mark the sheet unsaved, whatever is then answered.
+constexpr std::array marksUnsaved{
+    "mnuAddS",    "mnuEditS",  "mnuRemoveS", "mnuAddA", "mnuEditA",
+    "mnuRemoveA", "mnuInputA", "mnuInputS",  "mnuCopy", "mnuEditGradesheetTitle",
+};
+
+struct NamedBar {
+    std::string_view name;
+    ScrollBar Controls::*bar;
+};
+constexpr std::array bars{NamedBar{"hsbA", &Controls::hsbA}, NamedBar{"vsbA", &Controls::vsbA},
+                          NamedBar{"vsbS", &Controls::vsbS}};
+
+template <std::size_t count>
+bool isAmong(const std::array<const char*, count>& names, std::string_view name) {
+    return std::ranges::find(names, name) != names.end();
+}
+
+std::string inQuotes(std::string_view text) {
+    return scenario::quoted(text, {});
+}
+
+}  // namespace
+
+Walk::Walk(std::uint64_t seed, ScenarioLog& log)
+    : random_(seed), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
+    reloadForNew = false;
+    log_.begin();
+    setUp();
+}
+
+void Walk::setUp() {
+    if (random_.chance(30)) {
+        shell_.screen = {640, 480};
+        log_.line("screen 640x480");
+    }
+    if (random_.chance(20)) {
+        printer_.state = FakePrinter::State::None;
+        log_.line("printer none");
+    } else if (random_.chance(20)) {
+        printer_.state = FakePrinter::State::Fails;
+        log_.line("printer fails");
+    }
+}
+
+void Walk::takeSteps(int count) {
+    for (int taken = 0; taken < count; ++taken) {
+        ++stepsTaken_;
+        if (form_ == nullptr || form_->hasEnded())
+            start();
+        else
+            step();
+        if (!form_->hasEnded()) check();
+    }
+    noteOutcome();
+}
+
+void Walk::start() {
+    log_.line("start");
+    const Ports ports{dialogs_, files_, printer_, canvas_, clock_, shell_};
+    form_ = std::make_unique<frmQRV>(ports, programFolder, passwordFile, CodePage::windows1252());
+    form_->start();
+}
+
+void Walk::step() {
+    if (isTyping() && random_.chance(60)) {
+        if (random_.chance(60)) return typeSomething();
+        return pressSomeKey();
+    }
+    const int choice = random_.below(100);
+    if (choice < 40) return clickSomewhere();
+    if (choice < 55) return moveSomeBar();
+    if (choice < 58) return clickHeading();
+    if (choice < 59) return closeTheWindow();
+    if (choice < 60) return changeTheDisk();
+    chooseRandomMenu();
+}
+
+void Walk::chooseRandomMenu() {
+    std::string_view name = random_.oneOf(menu);
+    if (name == "mnuAddS" && form_->sheet().studentCount() >= enoughStudents) name = "mnuRemoveS";
+    if (name == "mnuAddA" && form_->sheet().assignmentCount() >= enoughAssignments)
+        name = "mnuRemoveA";
+    const MenuItem& item = menuItems()[static_cast<std::size_t>(menuItemIndex(name))];
+    if (item.recentFile > 0 &&
+        !form_->state().mnuPFile[static_cast<std::size_t>(item.recentFile) - 1].visible)
+        name = "mnuAbout";
+    chooseMenu(name);
+}
+
+void Walk::chooseMenu(std::string_view name) {
+    log_.line("menu " + std::string(name));
+    dialogs_.fileWasChosen = false;
+    printer_.jobs.clear();
+    form_->chooseMenu(menuItemIndex(name));
+    if (!form_->hasEnded()) checkAfter(name);
+}
+
+void Walk::clickSomewhere() {
+    // Mostly where cells are; quarters of a pixel, since a point need not be a whole one.
+    const Rectangle& canvas = form_->layout().gridCanvas;
+    const Layout& layout = form_->layout();
+    const int columns = std::max(1, form_->sheet().assignmentCount());
+    const int rows = std::max(1, form_->sheet().studentCount());
+    const int width = random_.chance(80) ? std::min(30 * columns, canvas.width) : canvas.width;
+    const int height =
+        random_.chance(80) ? std::min(14 * rows + 14, layout.hsbA.top) : layout.hsbA.top;
+    clickCanvas(canvas.left + random_.below(4 * width) / 4.0, random_.below(4 * height) / 4.0);
+}
+
+void Walk::clickCanvas(double x, double y) {
+    log_.line("click " + decimalText(x) + " " + decimalText(y));
+    const CellEditor& editor = txtEnter();
+    const bool intoEditor = editor.visible && x >= editor.left && x < editor.left + columnPitch &&
+                            y >= editor.top && y < editor.top + rowPitch;
+    if (intoEditor)
+        form_->txtEnter_Change(std::string(editor.text));
+    else
+        form_->Form_MouseDown(x, y);
+}
+
+void Walk::clickHeading() {
+    if (random_.chance(50)) {
+        log_.line("click lblStudent");
+        form_->lblStudent_Click();
+    } else {
+        log_.line("click lblSN");
+        form_->lblSN_Click();
+    }
+}
+
+void Walk::typeSomething() {
+    const std::string typed = random_.chance(85) ? dialogs_.typedNumber() : dialogs_.typedText();
+    log_.line("type " + inQuotes(typed));
+    const CellEditor& editor = txtEnter();
+    std::string text = editor.text;
+    text.replace(editor.selectionStart, editor.selectionLength, typed);
+    // The box takes no more than fits.
+    const std::size_t tooLong = text.size() - std::min(text.size(), frmQRV::longestEntry);
+    text.erase(editor.selectionStart + typed.size() - std::min(tooLong, typed.size()),
+               std::min(tooLong, typed.size()));
+    form_->txtEnter_Change(text);
+}
+
+void Walk::pressSomeKey() {
+    constexpr std::array<std::string_view, 3> keys{"Enter", "Tab", "Escape"};
+    const std::string_view key = random_.chance(60) ? keys[0] : random_.oneOf(keys);
+    log_.line("key " + std::string(key));
+    if (key == "Tab")
+        form_->leaveEditor();
+    else
+        form_->txtEnter_KeyDown(key == "Enter" ? enterKey : escapeKey);
+}
+
+void Walk::moveSomeBar() {
+    const auto& [name, member] = random_.oneOf(bars);
+    const ScrollBar& bar = form_->controls().*member;
+    const int position = random_.between(bar.minimum(), bar.maximum());
+    log_.line("scroll " + std::string(name) + " " + std::to_string(position));
+    form_->scroll(member, position);
+}
+
+void Walk::closeTheWindow() {
+    log_.line(random_.chance(50) ? "close" : "session ends");
+    form_->closeBox();
+    if (!form_->hasEnded()) throw Violation("the window is closed and the program goes on");
+}
+
+void Walk::changeTheDisk() {
+    files_.full = !files_.full && random_.chance(30);
+    log_.line(files_.full ? "disk full" : "disk ready");
+}
+
+void Walk::check() {
+    if (!form_->isOpen()) throw Violation("the program goes on without a window");
+    checkWindow(*form_);
+    if (stepsTaken_ % stepsBetweenThoroughChecks != 0) return;
+    checkCells(form_->sheet());
+    checkFigures(*form_);
+    checkRosterOrder(*form_);
+    checkDisplay(*form_, canvas_);
+}
+
+void Walk::checkAfter(std::string_view menu) {
+    const WorkingState& state = form_->state();
+    if (isAmong(marksUnsaved, menu) && !state.isDirty)
+        throw Violation(std::string(menu) + " left the sheet saved");
+    if (menu == "mnuAddS" || menu == "mnuEditS" || menu == "mnuRemoveS") checkRosterOrder(*form_);
+
+    const bool asksForFile =
+        menu == "mnuSaveAs" || menu == "mnuOpen" || menu.starts_with("mnuPFile");
+    const bool wasSavedOrLoaded = menu == "mnuSave" || (asksForFile && dialogs_.fileWasChosen);
+    const bool isSaved = !state.isDirty && state.saveMode == SaveMode::Save;
+    if (!wasSavedOrLoaded || !isSaved || state.currentPath.empty()) return;
+    const auto bytes = disk_.read(state.inProgramFolder(state.currentPath), UINT64_MAX);
+    if (!bytes) throw Violation("a sheet that counts as saved has no file");
+    checkSameSheet(decodeSheet(*bytes), form_->sheet());
+}
+
+void Walk::noteOutcome() {
+    if (form_->hasEnded()) {
+        log_.line("expect window ended");
+        return;
+    }
+    const GradeSheet& sheet = form_->sheet();
+    log_.line("expect students " + std::to_string(sheet.studentCount()));
+    log_.line("expect assignments " + std::to_string(sheet.assignmentCount()));
+    log_.line("expect title " + inQuotes(sheet.sheetTitle));
+    log_.line("expect txtS text " + inQuotes(form_->controls().txtS.text));
+    log_.line(form_->state().isDirty ? "expect dirty yes" : "expect dirty no");
+}
+
+}  // namespace quorvel::walk

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakePrinter.h"
+#include "tests/fakes/FakeShell.h"
+#include "tests/fakes/FullDiskFiles.h"
+#include "tests/fakes/MemoryFiles.h"
+#include "tests/walk/GlyphRecord.h"
+#include "tests/walk/RandomDialogs.h"
+#include "window/frmQRV.h"
+
+namespace quorvel::walk {
+
+/// One program in a folder of its own and a user who does whatever comes to mind. After every step
+/// it is checked what must hold; Violation is thrown where it does not.
+class Walk {
+  public:
+    Walk(std::uint64_t seed, ScenarioLog& log);
+
+    void takeSteps(int count);
+
+  private:
+    void setUp();
+    void start();
+
+    // What the user does.
+    void step();
+    void chooseMenu(std::string_view name);
+    void chooseRandomMenu();
+    void clickSomewhere();
+    void clickHeading();
+    void clickCanvas(double x, double y);
+    void typeSomething();
+    void pressSomeKey();
+    void moveSomeBar();
+    void closeTheWindow();
+    void changeTheDisk();
+
+    void check();
+    void checkAfter(std::string_view menu);
+    void noteOutcome();
+
+    const CellEditor& txtEnter() const { return form_->controls().txtEnter; }
+    bool isTyping() const { return txtEnter().visible && txtEnter().focused; }
+
+    RandomNumbers random_;
+    ScenarioLog& log_;
+    MemoryFiles disk_;
+    FullDiskFiles files_{disk_};
+    FakePrinter printer_;
+    GlyphRecord canvas_;
+    FakeClock clock_;
+    FakeShell shell_;
+    RandomDialogs dialogs_;
+    std::unique_ptr<frmQRV> form_;
+    int stepsTaken_ = 0;
+};
+
+}  // namespace quorvel::walk

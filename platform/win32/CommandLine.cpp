@@ -4,9 +4,9 @@
 #include <memory>
 #include <string_view>
 
+#include <windows.h>
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
 // clang-format off
 #include <shellapi.h>  // wants to stand behind windows.h
 // clang-format on

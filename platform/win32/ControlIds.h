@@ -8,6 +8,9 @@ namespace control_id {
 
 inline constexpr const wchar_t* mainWindowClass = L"frmQRV";
 
+/// The icon's number in the resource script.
+inline constexpr int applicationIcon = 1;
+
 inline constexpr int vsbS = 101;
 inline constexpr int vsbA = 102;
 inline constexpr int hsbA = 103;

@@ -1,0 +1,93 @@
+#include "platform/win32/CellEditorBox.h"
+
+#include <utility>
+
+#include <windows.h>
+
+#include "platform/win32/ControlParts.h"
+#include "platform/win32/Texts.h"
+#include "window/Layout.h"
+
+#include <commctrl.h>
+
+namespace quorvel {
+
+namespace {
+
+constexpr int leftMargin = 1;
+constexpr UINT_PTR subclassId = 1;
+
+/// Keys that an edit control answers with a beep.
+bool isSoundedCharacter(WPARAM character) {
+    return character == L'\r' || character == L'\n' || character == L'\t' || character == VK_ESCAPE;
+}
+
+}  // namespace
+
+CellEditorBox::CellEditorBox(const CodePage& codePage, Events events)
+    : codePage_(codePage), events_(std::move(events)), font_(cellFont(rowPitch)) {}
+
+void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
+    window_ = createControl(parent, {.windowClass = L"EDIT",
+                                     .style = ES_AUTOHSCROLL,
+                                     .id = id,
+                                     .place = {0, 0, columnPitch, rowPitch},
+                                     .font = font_.get()});
+    ::SendMessageW(window_, EM_SETLIMITTEXT, longestText, 0);
+    ::SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
+                   MAKELPARAM(leftMargin, 0));
+    ::SetWindowSubclass(window_, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
+}
+
+void CellEditorBox::show(const CellEditor& editor) {
+    if (editor.visible && (!visible_ || editor.openings != openings_)) {
+        open(editor);
+    } else if (!editor.visible && visible_) {
+        hide();
+    } else if (editor.visible && editor.text != text_) {
+        text_ = editor.text;
+        setWindowText(window_, text_, codePage_);
+    }
+}
+
+void CellEditorBox::open(const CellEditor& editor) {
+    visible_ = true;
+    openings_ = editor.openings;
+    text_ = editor.text;
+    ::SetWindowPos(window_, HWND_TOP, editor.left, editor.top, columnPitch, rowPitch,
+                   SWP_NOACTIVATE);
+    setWindowText(window_, text_, codePage_);
+    ::ShowWindow(window_, SW_SHOW);
+    ::SetFocus(window_);
+    ::SendMessageW(window_, EM_SETSEL, 0, -1);
+}
+
+void CellEditorBox::hide() {
+    visible_ = false;
+    if (::GetFocus() == window_) ::SetFocus(::GetParent(window_));
+    ::ShowWindow(window_, SW_HIDE);
+}
+
+bool CellEditorBox::holdsNewText() {
+    std::string text = windowText(window_, codePage_);
+    if (text == text_) return false;
+    text_ = std::move(text);
+    return true;
+}
+
+bool CellEditorBox::takesKey(WPARAM key) {
+    if (key == VK_RETURN) events_.enterKey();
+    if (key == VK_TAB) events_.tabKey();
+    return key == VK_RETURN || key == VK_TAB;
+}
+
+LRESULT CALLBACK CellEditorBox::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR id, DWORD_PTR box) {
+    auto* const self = reinterpret_cast<CellEditorBox*>(box);
+    if (message == WM_KEYDOWN && self->takesKey(wParam)) return 0;
+    if (message == WM_CHAR && isSoundedCharacter(wParam)) return 0;
+    if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, procedure, id);
+    return ::DefSubclassProc(window, message, wParam, lParam);
+}
+
+}  // namespace quorvel

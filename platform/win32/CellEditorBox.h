@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+
+#include "core/CodePage.h"
+#include "platform/win32/Handles.h"
+#include "window/Controls.h"
+
+namespace quorvel {
+
+/// The real txtEnter: an edit control over one cell of the grid.
+class CellEditorBox {
+  public:
+    struct Events {
+        std::function<void()> enterKey;
+        std::function<void()> tabKey;
+    };
+
+    /// `codePage` must outlive the box.
+    CellEditorBox(const CodePage& codePage, Events events);
+    CellEditorBox(const CellEditorBox&) = delete;
+    CellEditorBox& operator=(const CellEditorBox&) = delete;
+
+    void create(HWND parent, int id, std::size_t longestText);
+    /// Shows what the program left in the editor. The focus goes to the parent when it is hidden.
+    void show(const CellEditor& editor);
+    HWND window() const { return window_; }
+
+    /// The user's text, after a notification of a change. Changes that show() made itself do not
+    /// count.
+    bool holdsNewText();
+    const std::string& text() const { return text_; }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR id, DWORD_PTR box);
+    bool takesKey(WPARAM key);
+    void open(const CellEditor& editor);
+    void hide();
+
+    const CodePage& codePage_;
+    Events events_;
+    UniqueFont font_;
+    HWND window_ = nullptr;
+    bool visible_ = false;
+    int openings_ = 0;
+    std::string text_;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,255 @@
+#include "platform/win32/FormControls.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/win32/ControlIds.h"
+#include "platform/win32/ControlParts.h"
+#include "platform/win32/Texts.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr int labelTextHeight = 11;
+/// Row numbers of four digits fit their column.
+constexpr int rowNumberWidth = 6;
+constexpr int textMargin = 2;
+
+constexpr DWORD heading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
+constexpr DWORD clickedHeading = heading | SS_NOTIFY;
+constexpr DWORD caption = SS_NOPREFIX | SS_CENTERIMAGE | SS_RIGHT;
+constexpr DWORD lines = SS_NOPREFIX | SS_LEFTNOWORDWRAP;
+
+struct LabelPlan {
+    int id;
+    Label Controls::*label;
+    Rectangle Layout::*place;
+    DWORD style;
+};
+
+constexpr std::array labelPlans{
+    LabelPlan{control_id::lblSN, &Controls::lblSN, &Layout::lblSN, clickedHeading},
+    LabelPlan{control_id::lblStudent, &Controls::lblStudent, &Layout::lblStudent, clickedHeading},
+    LabelPlan{control_id::lblAvgScore, &Controls::lblAvgScore, &Layout::lblAvgScore, caption},
+    LabelPlan{control_id::Label1, &Controls::Label1, &Layout::Label1, caption},
+    LabelPlan{control_id::lblClassAvg, &Controls::lblClassAvg, &Layout::lblClassAvg, caption},
+    LabelPlan{control_id::lblA1, &Controls::lblA1, &Layout::lblA1, heading},
+    LabelPlan{control_id::lblA2, &Controls::lblA2, &Layout::lblA2, heading},
+    LabelPlan{control_id::lblAV, &Controls::lblAV, &Layout::lblAV, heading},
+    LabelPlan{control_id::lblAN, &Controls::lblAN, &Layout::lblAN, lines},
+};
+
+struct TextPlan {
+    int id;
+    TextBox Controls::*box;
+    Rectangle Layout::*place;
+};
+
+constexpr std::array textPlans{
+    TextPlan{control_id::txtSN, &Controls::txtSN, &Layout::txtSN},
+    TextPlan{control_id::txtS, &Controls::txtS, &Layout::txtS},
+    TextPlan{control_id::txtA, &Controls::txtA, &Layout::txtA},
+    TextPlan{control_id::txtAV, &Controls::txtAV, &Layout::txtAV},
+};
+
+struct BarPlan {
+    int id;
+    ScrollBar Controls::*bar;
+    Rectangle Layout::*place;
+    DWORD style;
+};
+
+constexpr std::array barPlans{
+    BarPlan{control_id::vsbS, &Controls::vsbS, &Layout::vsbS, SBS_VERT},
+    BarPlan{control_id::hsbA, &Controls::hsbA, &Layout::hsbA, SBS_HORZ},
+    BarPlan{control_id::vsbA, &Controls::vsbA, &Layout::vsbA, SBS_VERT},
+};
+
+COLORREF windowsColour(Colour colour) {
+    return RGB((colour >> 16) & 0xFF, (colour >> 8) & 0xFF, colour & 0xFF);
+}
+
+/// Black or white, whichever can be read on the background.
+COLORREF textColourOn(Colour background) {
+    constexpr unsigned middle = 128;
+    const unsigned brightness = (299 * ((background >> 16) & 0xFF) +
+                                 587 * ((background >> 8) & 0xFF) + 114 * (background & 0xFF)) /
+                                1000;
+    return brightness < middle ? RGB(255, 255, 255) : RGB(0, 0, 0);
+}
+
+UniqueFont createLabelFont() {
+    return UniqueFont(::CreateFontW(-labelTextHeight, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                                    DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                    DEFAULT_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
+}
+
+/// The number of steps that a bar's thumb stands for.
+int pageOf(int id, const Layout& layout) {
+    switch (id) {
+        case control_id::hsbA:
+            return layout.visibleColumns;
+        case control_id::vsbA:
+            return layout.listLines;
+        default:
+            return visibleRows;
+    }
+}
+
+/// Without the inner border of an edit control: line k stands k line heights below the top.
+void fillWithText(HWND edit, const Rectangle& place) {
+    ::SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    RECT text{textMargin, 0, place.width, place.height};
+    ::SendMessageW(edit, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&text));
+}
+
+}  // namespace
+
+void FormControls::create(HWND parent) {
+    for (const LabelPlan& plan : labelPlans)
+        labels_.push_back({createControl(parent, {.windowClass = L"STATIC",
+                                                  .style = WS_VISIBLE | plan.style,
+                                                  .id = plan.id}),
+                           plan.label,
+                           {},
+                           nullptr});
+    for (const TextPlan& plan : textPlans)
+        texts_.push_back({createControl(parent, {.windowClass = L"EDIT",
+                                                 .style = WS_VISIBLE | ES_MULTILINE | ES_READONLY |
+                                                          ES_AUTOHSCROLL,
+                                                 .id = plan.id}),
+                          plan.box,
+                          {}});
+    for (const BarPlan& plan : barPlans)
+        bars_.push_back({createControl(parent, {.windowClass = L"SCROLLBAR",
+                                                .style = WS_VISIBLE | plan.style,
+                                                .id = plan.id}),
+                         plan.bar, 1});
+}
+
+void FormControls::place(const Layout& layout) {
+    const auto fitFont = [&](HWND control, int id) {
+        ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fontOf(id)), TRUE);
+    };
+    // The fonts before them go when no control uses them any more.
+    const auto labelFontBefore = std::exchange(labelFont_, createLabelFont());
+    const auto rowFontBefore = std::exchange(rowFont_, cellFont(layout.rowTextHeight));
+    const auto rowNumberFontBefore =
+        std::exchange(rowNumberFont_, cellFont(layout.rowTextHeight, rowNumberWidth));
+    const auto listFontBefore = std::exchange(listFont_, cellFont(layout.listTextHeight));
+
+    for (std::size_t i = 0; i < labelPlans.size(); ++i) {
+        moveControl(labels_[i].control, layout.*labelPlans[i].place);
+        fitFont(labels_[i].control, labelPlans[i].id);
+    }
+    for (std::size_t i = 0; i < textPlans.size(); ++i) {
+        const Rectangle& place = layout.*textPlans[i].place;
+        moveControl(texts_[i].control, place);
+        fitFont(texts_[i].control, textPlans[i].id);
+        fillWithText(texts_[i].control, place);
+    }
+    for (std::size_t i = 0; i < barPlans.size(); ++i) {
+        moveControl(bars_[i].control, layout.*barPlans[i].place);
+        bars_[i].page = pageOf(barPlans[i].id, layout);
+        bars_[i].maximum = -1;
+    }
+}
+
+HFONT FormControls::fontOf(int id) const {
+    switch (id) {
+        case control_id::txtS:
+            return rowFont_.get();
+        case control_id::txtSN:
+            return rowNumberFont_.get();
+        case control_id::lblAN:
+        case control_id::txtA:
+        case control_id::txtAV:
+            return listFont_.get();
+        default:
+            return labelFont_.get();
+    }
+}
+
+void FormControls::show(const Controls& controls) {
+    for (LabelControl& target : labels_) showLabel(target, controls.*target.label);
+    for (TextControl& target : texts_) {
+        const TextBox& box = controls.*target.box;
+        if (box == target.shown) continue;
+        target.shown = box;
+        setWindowText(target.control, box.text, codePage_);
+    }
+    for (BarControl& target : bars_) showBar(target, controls.*target.bar);
+}
+
+void FormControls::showLabel(LabelControl& target, const Label& label) {
+    const bool newBackground = !target.background || label.background != target.shown.background;
+    if (newBackground) {
+        target.background.reset(::CreateSolidBrush(windowsColour(label.background)));
+        ::InvalidateRect(target.control, nullptr, TRUE);
+    }
+    if (label.caption != target.shown.caption)
+        setWindowText(target.control, label.caption, codePage_);
+    target.shown = label;
+}
+
+void FormControls::showBar(BarControl& target, const ScrollBar& bar) {
+    if (bar.minimum() == target.minimum && bar.maximum() == target.maximum &&
+        bar.position() == target.position)
+        return;
+    target.minimum = bar.minimum();
+    target.maximum = bar.maximum();
+    target.position = bar.position();
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+    info.nMin = target.minimum;
+    // Windows counts the page in: its front end stops at the last position.
+    info.nMax = target.maximum + target.page - 1;
+    info.nPage = static_cast<UINT>(target.page);
+    info.nPos = target.position;
+    ::SetScrollInfo(target.control, SB_CTL, &info, TRUE);
+}
+
+ScrollBar Controls::*FormControls::barOf(HWND control) const {
+    const auto found = std::ranges::find(bars_, control, &BarControl::control);
+    return found == bars_.end() ? nullptr : found->bar;
+}
+
+int FormControls::positionWanted(HWND control, WPARAM scrollMessage) const {
+    const auto bar = std::ranges::find(bars_, control, &BarControl::control);
+    switch (LOWORD(scrollMessage)) {
+        case SB_LINEUP:
+            return bar->position - 1;
+        case SB_LINEDOWN:
+            return bar->position + 1;
+        case SB_PAGEUP:
+            return bar->position - bar->page;
+        case SB_PAGEDOWN:
+            return bar->position + bar->page;
+        case SB_TOP:
+            return bar->minimum;
+        case SB_BOTTOM:
+            return bar->maximum;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            // 16 bits hold every number that a student or assignment can have.
+            return HIWORD(scrollMessage);
+        default:
+            return bar->position;
+    }
+}
+
+HBRUSH FormControls::colour(HDC context, HWND control) {
+    const auto label = std::ranges::find(labels_, control, &LabelControl::control);
+    if (label == labels_.end()) {
+        ::SetBkColor(context, ::GetSysColor(COLOR_WINDOW));
+        ::SetTextColor(context, ::GetSysColor(COLOR_WINDOWTEXT));
+        return ::GetSysColorBrush(COLOR_WINDOW);
+    }
+    ::SetBkColor(context, windowsColour(label->shown.background));
+    ::SetTextColor(context, textColourOn(label->shown.background));
+    return label->background.get();
+}
+
+}  // namespace quorvel

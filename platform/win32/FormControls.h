@@ -1,0 +1,67 @@
+#pragma once
+
+#include <vector>
+
+#include "core/CodePage.h"
+#include "platform/win32/Handles.h"
+#include "window/frmQRV.h"
+
+namespace quorvel {
+
+/// The real labels, text boxes and scroll bars of the main window. They remember what they show,
+/// so that only what differs is brought onto the screen.
+class FormControls {
+  public:
+    /// `codePage` must outlive the controls.
+    explicit FormControls(const CodePage& codePage) : codePage_(codePage) {}
+
+    /// Makes the controls, without a place yet.
+    void create(HWND parent);
+    /// Puts every control into its place, in the layout's sizes.
+    void place(const Layout& layout);
+    void show(const Controls& controls);
+
+    /// The program's scroll bar behind a real one; null for another window.
+    ScrollBar Controls::*barOf(HWND control) const;
+    /// Where the parameters of a scroll message take the bar, inside its range or not.
+    int positionWanted(HWND control, WPARAM scrollMessage) const;
+
+    /// The background of a label or text box, with the colours set for its text.
+    HBRUSH colour(HDC context, HWND control);
+
+  private:
+    struct LabelControl {
+        HWND control;
+        Label Controls::*label;
+        Label shown;
+        UniqueBrush background;
+    };
+    struct TextControl {
+        HWND control;
+        TextBox Controls::*box;
+        TextBox shown;
+    };
+    struct BarControl {
+        HWND control;
+        ScrollBar Controls::*bar;
+        int page;  // what the window shows of it at a time
+        int minimum = 0;
+        int maximum = -1;  // nothing shown yet
+        int position = 0;
+    };
+
+    void showLabel(LabelControl& target, const Label& label);
+    static void showBar(BarControl& target, const ScrollBar& bar);
+    HFONT fontOf(int id) const;
+
+    const CodePage& codePage_;
+    UniqueFont labelFont_;
+    UniqueFont rowFont_;
+    UniqueFont rowNumberFont_;
+    UniqueFont listFont_;
+    std::vector<LabelControl> labels_;
+    std::vector<TextControl> texts_;
+    std::vector<BarControl> bars_;
+};
+
+}  // namespace quorvel

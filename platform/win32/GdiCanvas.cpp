@@ -1,0 +1,101 @@
+#include "platform/win32/GdiCanvas.h"
+
+#include <cstddef>
+#include <utility>
+
+namespace quorvel {
+
+namespace {
+
+constexpr std::array<const wchar_t*, Canvas::glyphCount> glyphFiles{
+    L"0.bmp",  L"1.bmp",  L"2.bmp",  L"3.bmp",  L"4.bmp",  L"5.bmp",  L"6.bmp",
+    L"7.bmp",  L"8.bmp",  L"9.bmp",  L"A.bmp",  L"B.bmp",  L"C.bmp",  L"D.bmp",
+    L"E.bmp",  L"F.bmp",  L"DP.bmp", L"00.bmp", L"11.bmp", L"22.bmp", L"33.bmp",
+    L"44.bmp", L"55.bmp", L"66.bmp", L"77.bmp", L"88.bmp", L"99.bmp", L"_.bmp",
+    L"__.bmp", L"AA.bmp", L"BB.bmp", L"CC.bmp", L"DD.bmp", L"EE.bmp", L"FF.bmp"};
+
+constexpr int gridHeight = 324;
+constexpr int bottomHeight = 42;
+constexpr COLORREF paper = RGB(255, 255, 255);
+
+struct CanvasFiles {
+    const wchar_t* grid;
+    const wchar_t* bottom;
+    int width;
+};
+
+constexpr CanvasFiles filesOf(CanvasSize size) {
+    return size == CanvasSize::Wide ? CanvasFiles{L"Graph.bmp", L"GraphBottom.bmp", 588}
+                                    : CanvasFiles{L"GraphS.bmp", L"GraphBottomS.bmp", 438};
+}
+
+UniqueBitmap blankBitmap(HDC context, int width, int height) {
+    const WindowDC screen(nullptr);
+    UniqueBitmap bitmap(::CreateCompatibleBitmap(screen.get(), width, height));
+    const SelectedObject selection(context, bitmap.get());
+    ::PatBlt(context, 0, 0, width, height, WHITENESS);
+    return bitmap;
+}
+
+}  // namespace
+
+GdiCanvas::Picture::Picture(const std::filesystem::path& file, int width, int height)
+    : context_(::CreateCompatibleDC(nullptr)) {
+    bitmap_.reset(static_cast<HBITMAP>(
+        ::LoadImageW(nullptr, file.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE)));
+    if (!bitmap_) bitmap_ = blankBitmap(context_.get(), width, height);
+    selection_ = SelectedObject(context_.get(), bitmap_.get());
+    // What the white of a bitmap of two colours becomes where it is copied to.
+    ::SetBkColor(context_.get(), paper);
+}
+
+// Swapped, so that the old picture goes as a whole: a bitmap is let go while its context is there.
+GdiCanvas::Picture& GdiCanvas::Picture::operator=(Picture&& other) noexcept {
+    std::swap(context_, other.context_);
+    std::swap(bitmap_, other.bitmap_);
+    std::swap(selection_, other.selection_);
+    return *this;
+}
+
+void GdiCanvas::load(const std::filesystem::path& programFolder, CanvasSize size) {
+    const CanvasFiles files = filesOf(size);
+    grid_ = Drawing{.picture = Picture(programFolder / files.grid, files.width, gridHeight)};
+    bottom_ = Drawing{.picture = Picture(programFolder / files.bottom, files.width, bottomHeight)};
+    for (std::size_t glyph = 0; glyph < glyphDCs_.size(); ++glyph)
+        glyphDCs_[glyph] = Picture(programFolder / glyphFiles[glyph], glyphWidth, glyphHeight);
+}
+
+void GdiCanvas::release() {
+    grid_ = Drawing{};
+    bottom_ = Drawing{};
+    for (Picture& glyph : glyphDCs_) glyph = Picture();
+}
+
+void GdiCanvas::copyGlyph(Surface surface, int glyph, int x, int y) {
+    Drawing& target = drawing(surface);
+    ::StretchBlt(target.picture.get(), x, y, glyphWidth, glyphHeight,
+                 glyphDCs_[static_cast<std::size_t>(glyph)].get(), 0, 0, glyphWidth, glyphHeight,
+                 SRCCOPY);
+    const RECT place{x, y, x + glyphWidth, y + glyphHeight};
+    ::UnionRect(&target.drawn, &target.drawn, &place);
+}
+
+void GdiCanvas::show() {
+    for (Drawing* shown : {&grid_, &bottom_}) {
+        ::UnionRect(&shown->changed, &shown->changed, &shown->drawn);
+        shown->drawn = RECT{};
+    }
+}
+
+std::optional<RECT> GdiCanvas::takeChanged(Surface surface) {
+    const RECT changed = std::exchange(drawing(surface).changed, RECT{});
+    if (::IsRectEmpty(&changed) != 0) return std::nullopt;
+    return changed;
+}
+
+void GdiCanvas::paint(Surface surface, HDC target, int left, int top, const RECT& area) const {
+    ::BitBlt(target, left + area.left, top + area.top, area.right - area.left,
+             area.bottom - area.top, drawing(surface).picture.get(), area.left, area.top, SRCCOPY);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "core/CodePage.h"
+#include "core/ports/Printer.h"
+#include "platform/win32/Handles.h"
+
+namespace quorvel {
+
+/// The system's default printer, drawn on through GDI. Units are the printer's dots.
+class GdiPrinter final : public Printer {
+  public:
+    /// `codePage` must outlive the printer.
+    explicit GdiPrinter(const CodePage& codePage) : codePage_(codePage) {}
+
+    PageSize startJob(std::string_view title, Orientation orientation) override;
+    void startPage() override;
+    void endJob() override;
+    void cancelJob() noexcept override;
+    FontMeasure selectFont(const PrintFont& font, int characterWidth = 0) override;
+    int textWidth(std::string_view text) override;
+    void printText(int left, int top, std::string_view text) override;
+
+  private:
+    void beginPage();
+    void endPage();
+    void selectCurrentFont();
+    /// Throws PrinterError with Windows' reason when `succeeded` is false.
+    void require(bool succeeded) const;
+    void release() noexcept;
+
+    const CodePage& codePage_;
+    UniqueDC printer_;
+    UniqueFont font_;
+    SelectedObject selection_;
+    int characterWidth_ = 0;
+    bool isFixedPitch_ = false;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+#include <windows.h>
+
+namespace quorvel {
+
+/// What a modal dialog of our own does. An exception from either function closes it.
+struct ModalDialog {
+    /// Makes the controls of the empty dialog, sizes it and sets the focus.
+    std::function<void(HWND dialog)> create;
+    /// A control was chosen, IDCANCEL for Escape and the close box. True closes the dialog.
+    std::function<bool(HWND dialog, int id)> choose;
+};
+
+/// Shows the dialog over the middle of `owner` (none: of the screen, with a place of its own in the
+/// task bar) and returns when it is closed. Throws what its functions threw.
+void runModalDialog(HWND owner, const ModalDialog& dialog);
+
+/// Gives the dialog's client area this size, and the window what its frame adds.
+void setClientSize(HWND dialog, int width, int height);
+
+}  // namespace quorvel

@@ -1,0 +1,153 @@
+#include "platform/win32/WindowsDialogs.h"
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <windows.h>
+
+#include "platform/win32/ControlParts.h"
+#include "platform/win32/PasswordWindow.h"
+#include "platform/win32/PrinterDevice.h"
+#include "platform/win32/PromptBox.h"
+#include "platform/win32/Texts.h"
+
+#include <commdlg.h>
+
+namespace quorvel {
+
+namespace {
+
+/// Pairs of a text and a pattern, each ended by a zero; the literal's own zero ends the list.
+constexpr const wchar_t* sheetFilter = L"Gradesheet\0*.qrv\0";
+constexpr const wchar_t* sheetExtension = L"qrv";
+constexpr std::size_t longestPath = 32768;
+constexpr float pointParts = 10;  // the font dialog counts in tenths of a point
+constexpr int pointsPerInch = 72;
+
+UINT boxStyle(const Message& message) {
+    UINT style = message.buttons == Buttons::Ok         ? MB_OK
+                 : message.buttons == Buttons::OkCancel ? MB_OKCANCEL
+                                                        : MB_YESNO;
+    if (message.icon == Icon::Critical) style |= MB_ICONERROR;
+    if (message.icon == Icon::Information) style |= MB_ICONINFORMATION;
+    return style;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case IDOK:
+            return Answer::Ok;
+        case IDYES:
+            return Answer::Yes;
+        case IDNO:
+            return Answer::No;
+        default:
+            return Answer::Cancel;
+    }
+}
+
+/// Brings an owner back when it goes.
+class KeptOwner {
+  public:
+    explicit KeptOwner(HWND& owner) : owner_(owner), before_(owner) {}
+    KeptOwner(const KeptOwner&) = delete;
+    KeptOwner& operator=(const KeptOwner&) = delete;
+    ~KeptOwner() { owner_ = before_; }
+
+  private:
+    HWND& owner_;
+    HWND before_;
+};
+
+std::optional<std::filesystem::path> chooseFile(BOOL(WINAPI* show)(OPENFILENAMEW*), HWND owner,
+                                                const std::wstring& title,
+                                                const std::filesystem::path& startFolder,
+                                                DWORD flags) {
+    std::vector<wchar_t> chosen(longestPath);
+    OPENFILENAMEW request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.lpstrFilter = sheetFilter;
+    request.lpstrFile = chosen.data();
+    request.nMaxFile = static_cast<DWORD>(chosen.size());
+    request.lpstrInitialDir = startFolder.c_str();
+    request.lpstrTitle = title.c_str();
+    request.lpstrDefExt = sheetExtension;
+    request.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | flags;
+    if (show(&request) == FALSE) return std::nullopt;
+    return chosen.data();
+}
+
+}  // namespace
+
+void WindowsDialogs::setOwner(HWND owner, std::function<void()> opening) {
+    owner_ = owner;
+    opening_ = std::move(opening);
+}
+
+HWND WindowsDialogs::beginDialog() {
+    if (opening_) opening_();
+    // Windows can end the session while a dialog is open: what is asked then belongs to that one.
+    return owner_ == nullptr ? nullptr : ::GetLastActivePopup(owner_);
+}
+
+std::string WindowsDialogs::prompt(const Prompt& prompt) {
+    return showPromptBox(beginDialog(), prompt, codePage_);
+}
+
+Answer WindowsDialogs::message(const Message& message) {
+    const HWND owner = beginDialog();
+    const CentredDialogs centred;
+    return answerOf(::MessageBoxW(owner, toWide(message.text, codePage_).c_str(),
+                                  toWide(message.title, codePage_).c_str(), boxStyle(message)));
+}
+
+std::optional<std::filesystem::path> WindowsDialogs::openFile(
+    std::string_view title, const std::filesystem::path& startFolder) {
+    return chooseFile(::GetOpenFileNameW, beginDialog(), toWide(title, codePage_), startFolder,
+                      OFN_FILEMUSTEXIST);
+}
+
+std::optional<std::filesystem::path> WindowsDialogs::saveFile(
+    std::string_view title, const std::filesystem::path& startFolder) {
+    return chooseFile(::GetSaveFileNameW, beginDialog(), toWide(title, codePage_), startFolder,
+                      OFN_OVERWRITEPROMPT);
+}
+
+std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {
+    const HWND owner = beginDialog();
+    const UniqueDC printer = openPrinter(defaultPrinterName(), Orientation::Portrait);
+    LOGFONTW font{};
+    const WindowDC screen(nullptr);
+    font.lfHeight = static_cast<LONG>(
+        -std::lround(current.size * static_cast<float>(::GetDeviceCaps(screen.get(), LOGPIXELSY)) /
+                     pointsPerInch));
+    font.lfWeight = FW_NORMAL;
+    const std::wstring name = toWide(current.name, codePage_).substr(0, LF_FACESIZE - 1);
+    name.copy(font.lfFaceName, name.size());
+
+    CHOOSEFONTW request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = owner;
+    request.hDC = printer.get();
+    request.lpLogFont = &font;
+    request.Flags = CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST | CF_NOVERTFONTS |
+                    (printer ? CF_BOTH : CF_SCREENFONTS);
+    const CentredDialogs centred;
+    if (::ChooseFontW(&request) == FALSE) return std::nullopt;
+    return PrintFont{fromWide(font.lfFaceName, codePage_),
+                     static_cast<float>(request.iPointSize) / pointParts};
+}
+
+bool WindowsDialogs::passwordWindow(
+    std::string_view caption, const std::function<PasswordStep(std::string_view entry)>& submit) {
+    const HWND owner = beginDialog();
+    const KeptOwner kept(owner_);
+    return showPasswordWindow(
+        owner, caption, codePage_, [this](HWND window) { owner_ = window; }, submit);
+}
+
+}  // namespace quorvel

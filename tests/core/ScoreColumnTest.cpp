@@ -4,9 +4,9 @@
 #include <limits>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "core/ScoreColumn.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {
@@ -226,6 +226,16 @@ TEST(ScoreColumn, MovesLaterCellsUpWhenOneIsTakenOut) {
               (Texts{"a long text of its own: 1", "a long text of its own: 4", "-", "6"}));
     column.remove(20);
     EXPECT_EQ(column.storedCount(), 4);
+}
+
+TEST(ScoreColumn, DropsTheLastCellWhenThatIsTakenOut) {
+    ScoreColumn column;
+    column.setScore(1, text("1"));
+    column.setScore(2, text(longText));
+    column.remove(2);
+    EXPECT_EQ(texts(column, 2), (Texts{"1", "-"}));
+    column.setScore(2, text("2"));
+    EXPECT_EQ(texts(column, 2), (Texts{"1", "2"}));
 }
 
 TEST(ScoreColumn, TakesANewOrder) {

@@ -7,9 +7,7 @@
 #include <windows.h>
 #include <fcntl.h>
 #include <io.h>
-// clang-format off
-#include <shellapi.h>  // wants to stand behind windows.h
-// clang-format on
+#include <shellapi.h>
 
 namespace quorvel {
 

@@ -1,0 +1,132 @@
+#include "tests/qrv/ProgramFixture.h"
+
+namespace quorvel {
+
+namespace {
+
+class FiguresTest : public ProgramTest {};
+
+constexpr const char* heading = "number\tname\talias\tearned\tpossible\tpercentage\tletter\trank\n";
+
+TEST_F(FiguresTest, PrintsALinePerStudentInTheOrderOfTheSheetAndTheClass) {
+    makeClass();
+    const ProgramRun run = qrv("figures class.qrv");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.problem, "");
+    EXPECT_EQ(run.output, std::string(heading) +
+                              "1\tDoe, Jane\tJane\t115\t120\t95.8\tA\t2\n"
+                              "2\tRoe, Rick\tRick\t129\t170\t75.8\tD\t3\n"
+                              "3\t\xC3\x85str\xC3\xB6m\t\xC3\x85se\t170\t170\t100\tA\t1\n"
+                              "class\t90.5\tB\n");
+}
+
+TEST_F(FiguresTest, WithoutStudentsThereIsTheHeadingLineOnly) {
+    write("empty.csv", "Name,Alias,Quiz\nValue,,20\n");
+    EXPECT_EQ(qrv("import empty.csv -o empty.qrv").exitCode, 0);
+    const ProgramRun run = qrv("figures empty.qrv");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, heading);
+}
+
+TEST_F(FiguresTest, ATabOrALineBreakInATextIsPrintedAsABlank) {
+    write("odd.csv", "Name,Alias\nValue,\n\"a\tb\nc\",\"d\re\"\n");
+    EXPECT_EQ(qrv("import odd.csv -o odd.qrv").exitCode, 0);
+    EXPECT_EQ(qrv("figures odd.qrv").output,
+              std::string(heading) + "1\ta b c\td e\t0\t0\t100\tA\t1\nclass\t100\tA\n");
+}
+
+TEST_F(FiguresTest, TheScaleCanBeGiven) {
+    makeClass();
+    const ProgramRun run = qrv("figures class.qrv --scale 100,95,75,50,10");
+    EXPECT_NE(run.output.find("95.8\tB\t2\n"), std::string::npos);
+    EXPECT_NE(run.output.find("75.8\tC\t3\n"), std::string::npos);
+    EXPECT_NE(run.output.find("100\tA\t1\n"), std::string::npos);
+}
+
+TEST_F(FiguresTest, RoundingUpLowersTheThresholdsByAHalf) {
+    makeClass();
+    EXPECT_NE(qrv("figures class.qrv --round-up").output.find("75.8\tC\t3\n"), std::string::npos);
+    EXPECT_NE(qrv("figures class.qrv --round-up --scale 96,92,77,75,60").output.find("95.8\tA\t2"),
+              std::string::npos);
+}
+
+TEST_F(FiguresTest, AScaleIsFiveWholeNumbers) {
+    makeClass();
+    for (const char* scale : {"94,86,76,70", "94,86,76,70,60,50", "94,86,76,70,x", "94,,76,70,60",
+                              "94.5,86,76,70,60", "40000,1,1,1,1", "''"}) {
+        const ProgramRun run = qrv("figures class.qrv --scale " + std::string(scale));
+        EXPECT_EQ(run.exitCode, 2) << scale;
+        EXPECT_TRUE(isOneLine(run.problem, "qrv: --scale wants five whole numbers")) << scale;
+        EXPECT_EQ(run.output, "");
+    }
+}
+
+TEST_F(FiguresTest, SettingsComeFromAProgramFolderAndTheOptionsOverrideThem) {
+    makeClass();
+    std::filesystem::create_directory(folder() / "Quorvel");
+    std::string scale;
+    for (char minimum = 99; minimum >= 95; --minimum) {
+        scale += std::string({minimum, 0}) + std::string(126, '\0');
+    }
+    scale += std::string({3, 0, '0', '.', '5'}) + std::string(123, '\0');
+    write("Quorvel/GradingScale.qrv", scale);
+    EXPECT_NE(qrv("figures class.qrv --settings Quorvel").output.find("95.8\tD\t2"),
+              std::string::npos)
+        << "96 for a D, and the folder rounds up";
+    EXPECT_NE(qrv("figures class.qrv --settings Quorvel --scale 96,90,80,70,60")
+                  .output.find("95.8\tA\t2"),
+              std::string::npos)
+        << "the folder rounds up";
+}
+
+TEST_F(FiguresTest, AFolderWithoutSettingsGivesTheUsualScale) {
+    makeClass();
+    std::filesystem::create_directory(folder() / "Quorvel");
+    EXPECT_EQ(qrv("figures class.qrv --settings Quorvel").output, qrv("figures class.qrv").output);
+    EXPECT_EQ(listing(), "Quorvel class.csv class.qrv ") << "nothing is written there";
+}
+
+TEST_F(FiguresTest, AFolderThatIsMissingIsAnError) {
+    makeClass();
+    const ProgramRun run = qrv("figures class.qrv --settings Quorvel");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(isOneLine(run.problem, "qrv: Quorvel: "));
+}
+
+TEST_F(FiguresTest, AMissingFileAndAFolderCannotBeRead) {
+    for (const char* name : {"missing.qrv", ".", "''"}) {
+        const ProgramRun run = qrv("figures " + std::string(name));
+        EXPECT_EQ(run.exitCode, 1) << name;
+        EXPECT_EQ(run.output, "");
+        EXPECT_TRUE(isOneLine(run.problem, "qrv: "));
+        EXPECT_NE(run.problem.find("cannot be read"), std::string::npos);
+    }
+}
+
+TEST_F(FiguresTest, ACutFileIsReadAsTheProgramLoadsIt) {
+    makeClass();
+    const std::string whole = read("class.qrv");
+    // Three records of the heading, twelve scores, then the first name, cut in the middle.
+    write("cut.qrv", whole.substr(0, 15 * 128 + 5));
+    const ProgramRun run = qrv("figures cut.qrv");
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, std::string(heading) +
+                              "1\tDoe\t\t115\t0\t100\tA\t1\n"
+                              "2\t\t\t129\t0\t100\tA\t1\n"
+                              "3\t\t\t170\t0\t100\tA\t1\n"
+                              "class\t100\tA\n");
+}
+
+TEST_F(FiguresTest, CountsWithoutBytesBehindThemTakeNeitherTimeNorMemory) {
+    std::string counts;
+    for (int count = 0; count < 2; ++count) {
+        counts += std::string("\x02\x00\xFF\x7F", 4) + std::string(124, '\0');
+    }
+    write("claims.qrv", counts);
+    const ProgramRun run = shell("ulimit -v 200000; qrv figures claims.qrv | tail -n 1");
+    EXPECT_EQ(run.output, "class\t100\tA\n") << run.problem;
+}
+
+}  // namespace
+
+}  // namespace quorvel

@@ -40,7 +40,7 @@ class FakeCanvas final : public Canvas {
         std::vector<Pixel> pixels;
 
         Picture() = default;
-        Picture(int width, int height);
+        Picture(int pictureWidth, int pictureHeight);
         bool contains(int x, int y) const;
         Pixel& at(int x, int y);
         const Pixel& at(int x, int y) const;

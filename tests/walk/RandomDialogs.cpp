@@ -21,7 +21,7 @@ constexpr std::string_view cancel = "cancel";
 
 /// True for questions that want a number, so that most answers get somewhere.
 bool wantsNumber(std::string_view question) {
-    for (const std::string_view word : {"number", "value", "score", "percentage"})
+    for (const std::string_view word : {"number", "value", "score"})
         if (question.find(word) != std::string_view::npos) return true;
     return false;
 }
@@ -66,6 +66,8 @@ std::string RandomDialogs::prompt(const Prompt& prompt) {
         answer.clear();
     else if (random_.chance(10))
         answer = defaultAnswer;
+    else if (prompt.question.starts_with("What percentage"))
+        answer = decimalText(leadingNumber(defaultAnswer) + random_.between(-3, 2));
     else if (random_.chance(wantsNumber(prompt.question) ? 95 : 10))
         answer = typedNumber();
     else

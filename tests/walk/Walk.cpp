@@ -21,8 +21,11 @@ constexpr const char* passwordFile = "/machine/password";
 constexpr int enoughStudents = 24;
 constexpr int enoughAssignments = 18;
 
-/// What reads every cell and pixel is checked this often.
+/// What reads every cell and pixel is checked this often, and after every menu command.
 constexpr int stepsBetweenThoroughChecks = 10;
+
+/// Of the ends of the program that come up, so many come.
+constexpr int percentOfEnds = 15;
 
 constexpr int enterKey = 13;
 constexpr int escapeKey = 27;
@@ -72,6 +75,9 @@ Walk::Walk(std::uint64_t seed, ScenarioLog& log)
 }
 
 void Walk::setUp() {
+    const bool large = random_.chance(30);
+    wantedStudents_ = large ? random_.between(18, enoughStudents) : random_.below(6);
+    wantedAssignments_ = large ? random_.between(10, enoughAssignments) : random_.below(6);
     if (random_.chance(30)) {
         shell_.screen = {640, 480};
         log_.line("screen 640x480");
@@ -113,13 +119,18 @@ void Walk::step() {
     if (choice < 40) return clickSomewhere();
     if (choice < 55) return moveSomeBar();
     if (choice < 58) return clickHeading();
-    if (choice < 59) return closeTheWindow();
+    if (choice < 59 && random_.chance(percentOfEnds)) return closeTheWindow();
     if (choice < 60) return changeTheDisk();
     chooseRandomMenu();
 }
 
 void Walk::chooseRandomMenu() {
     std::string_view name = random_.oneOf(menu);
+    // An end of the program is the end of the sheet, too: not before it has grown.
+    if (name == "mnuExit" && !random_.chance(percentOfEnds)) name = "mnuAbout";
+    if (form_->sheet().studentCount() < wantedStudents_ && random_.chance(30)) name = "mnuAddS";
+    if (form_->sheet().assignmentCount() < wantedAssignments_ && random_.chance(30))
+        name = "mnuAddA";
     if (name == "mnuAddS" && form_->sheet().studentCount() >= enoughStudents) name = "mnuRemoveS";
     if (name == "mnuAddA" && form_->sheet().assignmentCount() >= enoughAssignments)
         name = "mnuRemoveA";
@@ -216,7 +227,10 @@ void Walk::changeTheDisk() {
 void Walk::check() {
     if (!form_->isOpen()) throw Violation("the program goes on without a window");
     checkWindow(*form_);
-    if (stepsTaken_ % stepsBetweenThoroughChecks != 0) return;
+    if (stepsTaken_ % stepsBetweenThoroughChecks == 0) checkThoroughly();
+}
+
+void Walk::checkThoroughly() {
     checkCells(form_->sheet());
     checkFigures(*form_);
     checkRosterOrder(*form_);
@@ -227,7 +241,7 @@ void Walk::checkAfter(std::string_view menu) {
     const WorkingState& state = form_->state();
     if (isAmong(marksUnsaved, menu) && !state.isDirty)
         throw Violation(std::string(menu) + " left the sheet saved");
-    if (menu == "mnuAddS" || menu == "mnuEditS" || menu == "mnuRemoveS") checkRosterOrder(*form_);
+    checkThoroughly();
 
     const bool asksForFile =
         menu == "mnuSaveAs" || menu == "mnuOpen" || menu.starts_with("mnuPFile");

@@ -41,6 +41,7 @@ class Walk {
     void changeTheDisk();
 
     void check();
+    void checkThoroughly();
     void checkAfter(std::string_view menu);
     void noteOutcome();
 
@@ -57,6 +58,9 @@ class Walk {
     FakeShell shell_;
     RandomDialogs dialogs_;
     std::unique_ptr<frmQRV> form_;
+    /// How large the sheet is to become soon.
+    int wantedStudents_ = 0;
+    int wantedAssignments_ = 0;
     int stepsTaken_ = 0;
 };
 

@@ -5,10 +5,10 @@
 #include <iostream>
 #include <string>
 
+#include "tests/walk/Walk.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include "tests/walk/Walk.h"
 
 namespace {
 

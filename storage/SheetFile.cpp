@@ -29,8 +29,7 @@ void decodeScores(RecordReader& reader, GradeSheet& sheet) {
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
         for (int student = 1; student <= sheet.studentCount(); ++student) {
             if (reader.atEnd()) return;
-            const Score score(reader.taggedValue());
-            if (!score.isEmpty()) sheet.setScore(assignment, student, score);
+            sheet.setScore(assignment, student, Score(reader.taggedValue()));
         }
     }
 }

@@ -3,12 +3,12 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include "platform/posix/PosixFiles.h"
 #include "storage/SheetFile.h"
 #include "tests/storage/Bytes.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace quorvel {
 namespace {

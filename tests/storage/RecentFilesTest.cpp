@@ -2,10 +2,10 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "storage/RecentFiles.h"
 #include "tests/storage/TestProgram.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -1,12 +1,14 @@
+#include <algorithm>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
-
-#include <gtest/gtest.h>
 
 #include "storage/RecordFile.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/storage/Bytes.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {
@@ -94,6 +96,26 @@ TEST(RecordReader, ReadsAFileBlockByBlock) {
     EXPECT_TRUE(reader.atEnd());
     EXPECT_EQ(reader.integer(), 0);
     EXPECT_TRUE(reader.atEnd());
+}
+
+/// A file that cannot be read at one place, and could be read on behind it.
+class DamagedFile final : public InputFile {
+  public:
+    std::size_t read(std::span<std::byte> target) override {
+        std::ranges::fill(target, std::byte{0x01});
+        return ++reads_ == 2 ? 100 : target.size();
+    }
+
+  private:
+    int reads_ = 0;
+};
+
+TEST(RecordReader, AFileEndsWhereItCannotBeReadAnyFurther) {
+    DamagedFile file;
+    RecordReader reader(file);
+    for (int number = 0; number < 2048 + 1; ++number) ASSERT_EQ(reader.integer(), 0x0101);
+    EXPECT_TRUE(reader.atEnd());
+    EXPECT_EQ(reader.integer(), 0);
 }
 
 TEST(RecordReader, AFileOfWholeBlocksEndsWithTheLast) {

@@ -1,9 +1,9 @@
 #include <optional>
 
-#include <gtest/gtest.h>
-
 #include "storage/FileCommands.h"
 #include "tests/storage/FileCommandsFixture.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -2,10 +2,10 @@
 #include <cstdint>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "storage/Settings.h"
 #include "tests/storage/TestProgram.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

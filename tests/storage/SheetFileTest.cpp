@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "storage/SheetFile.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/storage/Bytes.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

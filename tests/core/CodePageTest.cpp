@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "core/CodePage.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {
@@ -76,9 +76,45 @@ TEST(CodePage, WritesAQuestionMarkForACharacterThatItLacks) {
     EXPECT_EQ(page().fromUnicode(0x1F600), std::nullopt);
 }
 
+TEST(CodePage, WritesOneQuestionMarkForAPairOfHalves) {
+    EXPECT_EQ(page().fromUtf16(u"\U00010000"), "?") << "the first pair there is, at the end";
+    EXPECT_EQ(page().fromUtf16(u"\U0010FFFF"
+                               u"a"),
+              "?a")
+        << "the last one";
+    EXPECT_EQ(page().fromUtf8("\xF0\x90\x80\x80"
+                              "a\xF4\x8F\xBF\xBF"),
+              "?a?");
+}
+
+TEST(CodePage, KnowsCharactersOfEveryLengthInUtf8) {
+    struct Case {
+        char16_t character;
+        const char* utf8;
+    };
+    const Case cases[] = {
+        {0x7F, "\x7F"},           {0x80, "\xC2\x80"},       {0x7FF, "\xDF\xBF"},
+        {0x800, "\xE0\xA0\x80"},  {0xD7FF, "\xED\x9F\xBF"}, {0xE000, "\xEE\x80\x80"},
+        {0xFFFF, "\xEF\xBF\xBF"},
+    };
+    for (const Case& c : cases) {
+        CodePage::UnicodeTable unicode{};
+        unicode[0x7F] = 0x7F;
+        const unsigned byte = c.character == 0x7F ? 0x7F : 0x80;
+        unicode[byte] = c.character;
+        const CodePage other(unicode, {});
+        const std::string text(1, static_cast<char>(byte));
+        EXPECT_EQ(other.toUtf8(text), c.utf8) << c.utf8;
+        EXPECT_EQ(other.fromUtf8(c.utf8), text) << c.utf8;
+        EXPECT_EQ(other.fromUtf16(std::u16string(1, c.character)), text) << c.utf8;
+        // Not the second half of any pair.
+        EXPECT_EQ(other.fromUtf16(std::u16string{0xD800, c.character}), "?" + text) << c.utf8;
+    }
+}
+
 TEST(CodePage, WritesAQuestionMarkForEachHalfOfAPairThatStandsAlone) {
-    const std::u16string text{0xD800, u'a', 0xDC00, 0xD801, 0xD802};
-    EXPECT_EQ(page().fromUtf16(text), "?a???");
+    const std::u16string text{0xD800, u'a', 0xDC00, 0xDC00, 0xD801, 0xD802};
+    EXPECT_EQ(page().fromUtf16(text), "?a????");
 }
 
 TEST(CodePage, WritesAQuestionMarkForEachDamagedByte) {

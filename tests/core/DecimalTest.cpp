@@ -2,10 +2,10 @@
 #include <limits>
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "core/Decimal.h"
 #include "core/Numbers.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {
@@ -132,6 +132,28 @@ TEST(Decimal, IsEqualHoweverItCameAbout) {
     EXPECT_EQ(number, decimal("1.25"));
     EXPECT_NE(number, decimal("1.5"));
     EXPECT_NE(decimal("99999999999999999999"), decimal("-99999999999999999999"));
+}
+
+TEST(Decimal, IsEqualOnBothSidesOfWhatIsLong) {
+    const char* const edges[] = {"999999999999999999", "-999999999999999999", "1000000000000000000",
+                                 "-1000000000000000000", "1000000000000000001"};
+    for (const char* const edge : edges) {
+        const std::int64_t number = std::stoll(edge);
+        EXPECT_EQ(Decimal(number), decimal(edge)) << edge;
+        Decimal sumOfTwo(number - 1);
+        sumOfTwo += Decimal(1);
+        EXPECT_EQ(sumOfTwo, decimal(edge)) << edge;
+        EXPECT_EQ(sumOfTwo.scaledDown(1, 1), decimal(edge)) << edge;
+    }
+}
+
+TEST(Decimal, HoldsFewDigitsFarBehindTheDecimalPoint) {
+    EXPECT_EQ(sum("0.0000000000000000001", "1"), "1.0000000000000000001");
+    EXPECT_EQ(sum("0.0000000000000000001", "0.0000000000000000009"), "0.000000000000000001");
+    EXPECT_EQ(decimal("0.0000000000000000007").scaledDown(largest, 1), Decimal(6));
+    EXPECT_EQ(decimal("-0.0000000000000000007").toInteger(), -1);
+    EXPECT_EQ(decimal("0.000000000000000007").scaledDown(largest, 1), Decimal(64));
+    EXPECT_EQ(decimal("-0.000000000000000007").toInteger(), -1);
 }
 
 TEST(Decimal, ScalesDownTowardMinusInfinity) {

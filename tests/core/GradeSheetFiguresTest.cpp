@@ -2,10 +2,10 @@
 #include <cmath>
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "core/GradeSheet.h"
 #include "core/Numbers.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

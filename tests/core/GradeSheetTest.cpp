@@ -1,9 +1,9 @@
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "core/Errors.h"
 #include "core/GradeSheet.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

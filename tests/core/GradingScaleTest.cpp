@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "core/GradingScale.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -4,9 +4,9 @@
 #include <limits>
 #include <random>
 
-#include <gtest/gtest.h>
-
 #include "core/Numbers.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

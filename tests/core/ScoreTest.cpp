@@ -1,8 +1,8 @@
 #include <limits>
 
-#include <gtest/gtest.h>
-
 #include "core/Score.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -11,7 +11,7 @@ namespace quorvel {
 /// Empty when the text does not start with a number.
 std::string_view leadingNumberText(std::string_view text);
 
-/// The leading number of `text`; 0 when it has none.
+/// The leading number of `text`; 0 when it has none. Beyond what a double holds it stops there.
 double leadingNumber(std::string_view text);
 
 /// The shortest decimal text that reads back the same, never in exponent form; "-0" is "0".
@@ -30,8 +30,8 @@ std::int64_t divideHalfEven(std::int64_t dividend, std::int64_t divisor);
 std::int64_t divideDown(std::int64_t dividend, std::int64_t divisor);
 
 /// The rule for typed scores and point values: a number whose fraction is one half or more
-/// becomes its whole part plus 1, a smaller fraction stays. Requires number >= 0 or any value;
-/// the whole part is the greatest whole number not above it.
+/// becomes its whole part plus 1, a smaller fraction stays. The whole part is the greatest whole
+/// number not above it.
 double roundHalfUpKeepingSmallFraction(double number);
 
 /// A figure held in tenths as decimal text: 944 is "94.4", 1000 is "100", -1 is "-0.1".

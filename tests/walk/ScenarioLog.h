@@ -14,9 +14,9 @@ class ScenarioLog {
 
     /// Begins a new scenario; the one before is forgotten.
     void begin() { stream_ = std::ofstream(file_, std::ios::trunc); }
-    void line(std::string_view line) { stream_ << line << std::endl; }
+    void line(std::string_view line) { stream_ << line << '\n' << std::flush; }
     /// What an action is followed by.
-    void indented(std::string_view line) { stream_ << "  " << line << std::endl; }
+    void indented(std::string_view line) { stream_ << "  " << line << '\n' << std::flush; }
 
   private:
     std::filesystem::path file_;

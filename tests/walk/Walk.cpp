@@ -31,7 +31,7 @@ constexpr int enterKey = 13;
 constexpr int escapeKey = 27;
 
 /// The menu entries, more often chosen ones more often.
-constexpr std::array menu{
+constexpr std::array entriesChosen{
     "mnuAddS",         "mnuAddS",           "mnuAddS",    "mnuEditS",
     "mnuEditS",        "mnuRemoveS",        "mnuAddA",    "mnuAddA",
     "mnuAddA",         "mnuEditA",          "mnuRemoveA", "mnuInputA",
@@ -125,7 +125,7 @@ void Walk::step() {
 }
 
 void Walk::chooseRandomMenu() {
-    std::string_view name = random_.oneOf(menu);
+    std::string_view name = random_.oneOf(entriesChosen);
     // An end of the program is the end of the sheet, too: not before it has grown.
     if (name == "mnuExit" && !random_.chance(percentOfEnds)) name = "mnuAbout";
     if (form_->sheet().studentCount() < wantedStudents_ && random_.chance(30)) name = "mnuAddS";

@@ -5,6 +5,7 @@
 int main() {
     const quorvel::Utf8Output output;
     quorvel::WindowsFiles files;
-    quorvel::Environment environment{files, quorvel::CodePage::windows1252()};
+    const quorvel::CodePage codePage = quorvel::sheetCodePage();
+    quorvel::Environment environment{files, codePage};
     return static_cast<int>(quorvel::runQrv(quorvel::commandLineArguments(), environment));
 }

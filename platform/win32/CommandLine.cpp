@@ -5,6 +5,9 @@
 #include <string_view>
 
 #include <windows.h>
+
+#include "platform/win32/Texts.h"
+
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
@@ -35,6 +38,10 @@ std::vector<std::string> commandLineArguments() {
     std::vector<std::string> arguments;
     for (int word = 1; words && word < count; ++word) arguments.push_back(utf8(words.get()[word]));
     return arguments;
+}
+
+CodePage sheetCodePage() {
+    return systemCodePage();
 }
 
 Utf8Output::Utf8Output() : consoleCodePage_(GetConsoleOutputCP()) {

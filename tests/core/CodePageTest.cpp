@@ -72,6 +72,7 @@ TEST(CodePage, WritesAQuestionMarkForACharacterThatItLacks) {
                               "c"),
               "a?b?c");
     EXPECT_EQ(page().fromUnicode(0x142), std::nullopt);
+    EXPECT_EQ(page().fromUnicode(0x80), std::nullopt) << "byte 0x80 is another character";
     EXPECT_EQ(page().fromUnicode(0x20AC), '\x80');
     EXPECT_EQ(page().fromUnicode(0x1F600), std::nullopt);
 }

@@ -144,6 +144,9 @@ TEST(Decimal, IsEqualOnBothSidesOfWhatIsLong) {
         sumOfTwo += Decimal(1);
         EXPECT_EQ(sumOfTwo, decimal(edge)) << edge;
         EXPECT_EQ(sumOfTwo.scaledDown(1, 1), decimal(edge)) << edge;
+        Decimal difference(number + 1);
+        difference += Decimal(-1);
+        EXPECT_EQ(difference, decimal(edge)) << edge;
     }
 }
 

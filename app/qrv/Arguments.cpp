@@ -5,9 +5,9 @@
 #include <limits>
 #include <system_error>
 
-#include <getopt.h>
-
 #include "app/qrv/Problem.h"
+
+#include <getopt.h>
 
 namespace quorvel {
 
@@ -51,6 +51,7 @@ Arguments parseArguments(const std::vector<std::string>& arguments) {
     std::vector<std::string> words{"qrv"};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
     const int count = static_cast<int>(words.size());

@@ -38,19 +38,21 @@ const Command& commandNamed(std::string_view name) {
     return *found;
 }
 
+UsageError misfit(const Command& command, const std::string& reason) {
+    const std::string name(command.name);
+    return UsageError(name + reason + "; see qrv " + name + " --help");
+}
+
 void requireFitting(const Command& command, const Arguments& arguments) {
-    const std::string hint = "; see qrv " + std::string(command.name) + " --help";
     for (const auto& [option, value] : arguments.options) {
         const bool known = std::ranges::count(commonOptions, option) > 0 ||
                            std::ranges::count(command.options, option) > 0;
-        if (!known) {
-            throw UsageError(std::string(command.name) + " has no option --" + option + hint);
-        }
+        if (!known) throw misfit(command, " has no option --" + option);
     }
     if (arguments.operands.size() != command.operandCount) {
-        throw UsageError(std::string(command.name) + " wants " +
-                         std::to_string(command.operandCount) + " operand" +
-                         (command.operandCount == 1 ? "" : "s") + hint);
+        const char* plural = command.operandCount == 1 ? "" : "s";
+        throw misfit(command,
+                     " wants " + std::to_string(command.operandCount) + " operand" + plural);
     }
 }
 

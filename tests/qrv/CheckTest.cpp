@@ -23,7 +23,7 @@ class CheckTest : public ProgramTest {
         const std::string start = "qrv: damaged.qrv: record ";
         EXPECT_TRUE(isOneLine(run.problem, start));
         if (!run.problem.starts_with(start)) return run.problem;
-        const std::string damage =
+        std::string damage =
             run.problem.substr(start.size(), run.problem.size() - start.size() - 1);
         EXPECT_TRUE(run.output.ends_with("whole: no\nfirst damaged record: " + damage + "\n"));
         return damage;

@@ -21,7 +21,7 @@ class ImportTest : public ProgramTest {
 
     /// The one score that this field becomes.
     std::string importedScore(const std::string& field) const {
-        const std::string csv = imported("Name,Alias,Quiz\nValue,,20\nDoe,," + field + "\n");
+        std::string csv = imported("Name,Alias,Quiz\nValue,,20\nDoe,," + field + "\n");
         const std::string start = "Name,Alias,Quiz\nValue,,20\nDoe,,";
         if (!csv.starts_with(start)) return csv;
         return csv.substr(start.size(), csv.size() - start.size() - 1);

@@ -2,12 +2,12 @@
 #include <iterator>
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 #include "platform/posix/PosixFiles.h"
 #include "reports/Report.h"
 #include "reports/TextPrinter.h"
 #include "storage/SheetFile.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "core/Errors.h"
 #include "reports/PrintCommand.h"
 #include "reports/TextPrinter.h"
@@ -9,6 +7,8 @@
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/fakes/ScriptedDialogs.h"
 #include "tests/fakes/UnusedPorts.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "reports/ReportPage.h"
 #include "tests/reports/RecordingPrinter.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "reports/Report.h"
 #include "reports/TextPrinter.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

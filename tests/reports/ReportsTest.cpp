@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 #include "core/Errors.h"
 #include "reports/Report.h"
 #include "tests/reports/RecordingPrinter.h"
 #include "tests/reports/ReportsFixture.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 #include "tests/reports/RecordingPrinter.h"
 #include "tests/reports/ReportsFixture.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 
@@ -63,12 +63,13 @@ TEST_F(TeacherReportTest, TheTeacherReportCutsNothingThatFits) {
 
 TEST_F(TeacherReportTest, AChartWithoutAssignmentsStillHasItsNameAndClosingColumns) {
     addStudents(1);
+    const std::string heading =
+        "Teacher:                       Class:                          School:"
+        "                         DATE            Page: 1";
     EXPECT_EQ(
         lines(ReportKind::Teacher),
         (std::vector<std::string>{
-            "Teacher:                       Class:                          School:"
-            "                         DATE            Page: 1",
-            "                    |", "|Student Name       |Total| PP |  % |LG|",
+            heading, "                    |", "|Student Name       |Total| PP |  % |LG|",
             "|Student 1          |    0|   0| 100| A|", "|Average Scores     | --- | -- | -- |--|",
             "|Average Percent    | --- | -- | -- |--|"}));
 }

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "reports/TextPrinter.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

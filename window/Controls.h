@@ -12,6 +12,9 @@ using Colour = std::uint32_t;
 
 inline constexpr Colour headingGrey = 0xC0C0C0;
 inline constexpr Colour headingRed = 0xFF0000;
+inline constexpr Colour paperWhite = 0xFFFFFF;
+/// The window itself, around its controls.
+inline constexpr Colour windowGrey = 0xF0F0F0;
 
 /// A text beside the grid. What its platform control shows is brought up to date after every event.
 struct Label {

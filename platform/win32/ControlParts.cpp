@@ -46,6 +46,10 @@ HWND createControl(HWND parent, const ControlParts& parts) {
     return control;
 }
 
+COLORREF windowsColour(Colour colour) {
+    return RGB((colour >> 16) & 0xFF, (colour >> 8) & 0xFF, colour & 0xFF);
+}
+
 void moveControl(HWND control, const Rectangle& place) {
     ::SetWindowPos(control, nullptr, place.left, place.top, place.width, place.height,
                    SWP_NOZORDER | SWP_NOACTIVATE);

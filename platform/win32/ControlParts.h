@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/win32/Handles.h"
+#include "window/Controls.h"
 #include "window/Layout.h"
 
 namespace quorvel {
@@ -18,6 +19,9 @@ struct ControlParts {
 
 /// Makes a control; its parent destroys it.
 HWND createControl(HWND parent, const ControlParts& parts);
+
+/// The same colour in Windows' order of blue, green and red.
+COLORREF windowsColour(Colour colour);
 
 void moveControl(HWND control, const Rectangle& place);
 

@@ -16,8 +16,9 @@ constexpr int labelTextHeight = 11;
 constexpr int rowNumberWidth = 6;
 constexpr int textMargin = 2;
 
-constexpr DWORD heading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
-constexpr DWORD clickedHeading = heading | SS_NOTIFY;
+constexpr DWORD rosterHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
+constexpr DWORD listHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_LEFT;
+constexpr DWORD clickedHeading = rosterHeading | SS_NOTIFY;
 constexpr DWORD caption = SS_NOPREFIX | SS_CENTERIMAGE | SS_RIGHT;
 constexpr DWORD lines = SS_NOPREFIX | SS_LEFTNOWORDWRAP;
 
@@ -34,9 +35,9 @@ constexpr std::array labelPlans{
     LabelPlan{control_id::lblAvgScore, &Controls::lblAvgScore, &Layout::lblAvgScore, caption},
     LabelPlan{control_id::Label1, &Controls::Label1, &Layout::Label1, caption},
     LabelPlan{control_id::lblClassAvg, &Controls::lblClassAvg, &Layout::lblClassAvg, caption},
-    LabelPlan{control_id::lblA1, &Controls::lblA1, &Layout::lblA1, heading},
-    LabelPlan{control_id::lblA2, &Controls::lblA2, &Layout::lblA2, heading},
-    LabelPlan{control_id::lblAV, &Controls::lblAV, &Layout::lblAV, heading},
+    LabelPlan{control_id::lblA1, &Controls::lblA1, &Layout::lblA1, listHeading},
+    LabelPlan{control_id::lblA2, &Controls::lblA2, &Layout::lblA2, listHeading},
+    LabelPlan{control_id::lblAV, &Controls::lblAV, &Layout::lblAV, listHeading},
     LabelPlan{control_id::lblAN, &Controls::lblAN, &Layout::lblAN, lines},
 };
 
@@ -65,10 +66,6 @@ constexpr std::array barPlans{
     BarPlan{control_id::hsbA, &Controls::hsbA, &Layout::hsbA, SBS_HORZ},
     BarPlan{control_id::vsbA, &Controls::vsbA, &Layout::vsbA, SBS_VERT},
 };
-
-COLORREF windowsColour(Colour colour) {
-    return RGB((colour >> 16) & 0xFF, (colour >> 8) & 0xFF, colour & 0xFF);
-}
 
 /// Black or white, whichever can be read on the background.
 COLORREF textColourOn(Colour background) {

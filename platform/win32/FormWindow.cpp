@@ -125,9 +125,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return reinterpret_cast<LRESULT>(
                 controls_.colour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
         case WM_CTLCOLOREDIT:
-            ::SetBkColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_INFOBK));
-            ::SetTextColor(reinterpret_cast<HDC>(wParam), ::GetSysColor(COLOR_INFOTEXT));
-            return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_INFOBK));
+            return reinterpret_cast<LRESULT>(editor_.colour(reinterpret_cast<HDC>(wParam)));
         case WM_CLOSE:
             act([this] { form_.closeBox(); });
             return 0;
@@ -300,7 +298,8 @@ void FormWindow::eraseBackground(HDC context) const {
     for (const Rectangle& place : {form_.layout().gridCanvas, form_.layout().bottomCanvas})
         ::ExcludeClipRect(context, place.left, place.top, place.left + place.width,
                           place.top + place.height);
-    ::FillRect(context, &client, ::GetSysColorBrush(COLOR_BTNFACE));
+    const UniqueBrush brush(::CreateSolidBrush(windowsColour(windowGrey)));
+    ::FillRect(context, &client, brush.get());
     ::RestoreDC(context, saved);
 }
 

@@ -7,11 +7,13 @@ namespace quorvel {
 /// The glyph set of a row: one for each of the two alternating row backgrounds.
 enum class GlyphSet { Plain, Double };
 
+/// The distances from one score column, and from one student's row, to the next, in pixels.
+inline constexpr int columnPitch = 30;
+inline constexpr int rowPitch = 14;
+
 /// Where the glyphs of the grid and of the figures beneath it stand on their canvases, in pixels.
 namespace canvas_places {
 
-inline constexpr int columnPitch = 30;
-inline constexpr int rowPitch = 14;
 /// Row bands that a refresh clears: the 20 student rows and two bands under them.
 inline constexpr int clearedBands = 22;
 /// Glyphs of a score, a column number or an average.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ports/Shell.h"
+#include "window/CanvasPlaces.h"
 
 namespace quorvel {
 
@@ -35,8 +36,6 @@ struct Layout {
 };
 
 inline constexpr int visibleRows = 20;
-inline constexpr int columnPitch = 30;
-inline constexpr int rowPitch = 14;
 
 Layout layoutFor(ScreenSize screen);
 

@@ -116,7 +116,7 @@ void frmQRV::showAssignmentList() {
         return;
     const int last = std::min(first + layout_.listLines - 1, sheet_.assignmentCount());
     for (int assignment = first; assignment <= last; ++assignment) {
-        addLine(numbers, assignment == first, "#" + std::to_string(assignment));
+        addLine(numbers, assignment == first, std::string("#").append(std::to_string(assignment)));
         addLine(names, assignment == first, sheet_.assignmentName(assignment));
         addLine(values, assignment == first, std::to_string(sheet_.assignmentValue(assignment)));
     }

@@ -298,7 +298,7 @@ TEST_P(Canvases, ARuleStandsBehindEveryScoreColumn) {
     const Bitmap grid(GetParam().grid);
     const Bitmap bottom(GetParam().bottom);
     for (int column = 1; column <= GetParam().layout.visibleColumns; ++column) {
-        const int x = canvas_places::columnPitch * column - 1;
+        const int x = columnPitch * column - 1;
         for (int row = 0; row < visibleRows; ++row) {
             const int y = canvas_places::rowTop(row);
             EXPECT_LT(brightness(grid.at(x, y)), brightness(doubleColour())) << column;
@@ -320,7 +320,7 @@ TEST_P(Canvases, EveryResultColumnHasAHeading) {
          {Column{pointsEarnedLeft, pointsSlots}, Column{pointsPossibleLeft, pointsSlots},
           Column{percentageLeft, percentageSlots}, Column{letterGradeLeft, 1}}) {
         int inkPixels = 0;
-        for (int y = 0; y < canvas_places::rowPitch; ++y) {
+        for (int y = 0; y < rowPitch; ++y) {
             for (int x = 0; x < column.slots * Canvas::glyphWidth; ++x) {
                 inkPixels += grid.at(column.left + shift + x, y) == inkColour() ? 1 : 0;
             }

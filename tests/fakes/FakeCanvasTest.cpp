@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "tests/fakes/FakeCanvas.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "core/Errors.h"
 #include "tests/fakes/FakePrinter.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "tests/scenario/Scenario.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel::scenario {
 namespace {

@@ -1,10 +1,10 @@
 #include <fstream>
 #include <sstream>
 
-#include <gtest/gtest.h>
-
 #include "tests/scenario/HeadlessDriver.h"
 #include "tests/scenario/Runner.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel::scenario {
 namespace {

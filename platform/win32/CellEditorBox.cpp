@@ -17,6 +17,10 @@ namespace {
 constexpr int leftMargin = 1;
 constexpr UINT_PTR subclassId = 1;
 
+/// Stands out from both backgrounds of the grid.
+constexpr COLORREF entryColour = RGB(0xFF, 0xF4, 0xC2);
+constexpr COLORREF entryTextColour = RGB(0, 0, 0);
+
 /// Keys that an edit control answers with a beep.
 bool isSoundedCharacter(WPARAM character) {
     return character == L'\r' || character == L'\n' || character == L'\t' || character == VK_ESCAPE;
@@ -25,7 +29,10 @@ bool isSoundedCharacter(WPARAM character) {
 }  // namespace
 
 CellEditorBox::CellEditorBox(const CodePage& codePage, Events events)
-    : codePage_(codePage), events_(std::move(events)), font_(cellFont(rowPitch)) {}
+    : codePage_(codePage),
+      events_(std::move(events)),
+      font_(cellFont(rowPitch)),
+      background_(::CreateSolidBrush(entryColour)) {}
 
 void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
     window_ = createControl(parent, {.windowClass = L"EDIT",
@@ -66,6 +73,12 @@ void CellEditorBox::hide() {
     visible_ = false;
     if (::GetFocus() == window_) ::SetFocus(::GetParent(window_));
     ::ShowWindow(window_, SW_HIDE);
+}
+
+HBRUSH CellEditorBox::colour(HDC context) const {
+    ::SetBkColor(context, entryColour);
+    ::SetTextColor(context, entryTextColour);
+    return background_.get();
 }
 
 bool CellEditorBox::holdsNewText() {

@@ -25,6 +25,8 @@ class CellEditorBox {
     /// Shows what the program left in the editor. The focus goes to the parent when it is hidden.
     void show(const CellEditor& editor);
     HWND window() const { return window_; }
+    /// The background of the box, with the colours set for its text.
+    HBRUSH colour(HDC context) const;
 
     /// The user's text, after a notification of a change. Changes that show() made itself do not
     /// count.
@@ -41,6 +43,7 @@ class CellEditorBox {
     const CodePage& codePage_;
     Events events_;
     UniqueFont font_;
+    UniqueBrush background_;
     HWND window_ = nullptr;
     bool visible_ = false;
     int openings_ = 0;

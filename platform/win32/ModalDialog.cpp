@@ -37,10 +37,15 @@ void giveIcon(HWND window) {
 INT_PTR handle(Running& running, HWND window, UINT message, WPARAM wParam) {
     switch (message) {
         case WM_INITDIALOG:
-            if (::GetWindow(window, GW_OWNER) == nullptr) giveIcon(window);
             running.dialog.create(window);
             centreOnOwner(window);
-            return FALSE;  // the focus is set already
+            if (::GetWindow(window, GW_OWNER) == nullptr) {
+                // The program's first window: nothing of it has been in front yet.
+                giveIcon(window);
+                ::ShowWindow(window, SW_SHOW);
+                ::SetForegroundWindow(window);
+            }
+            return TRUE;  // the focus goes to the first control that takes it
         case WM_COMMAND:
             // Controls that only report a change are no choice.
             if (HIWORD(wParam) != BN_CLICKED) return FALSE;

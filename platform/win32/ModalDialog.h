@@ -8,7 +8,7 @@ namespace quorvel {
 
 /// What a modal dialog of our own does. An exception from either function closes it.
 struct ModalDialog {
-    /// Makes the controls of the empty dialog, sizes it and sets the focus.
+    /// Makes the controls of the empty dialog and sizes it. The first one that can takes the focus.
     std::function<void(HWND dialog)> create;
     /// A control was chosen, IDCANCEL for Escape and the close box. True closes the dialog.
     std::function<bool(HWND dialog, int id)> choose;

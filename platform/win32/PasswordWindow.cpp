@@ -37,7 +37,6 @@ void createPasswordWindow(HWND dialog, HFONT font, std::string_view caption,
     setWindowText(dialog, caption, codePage);
     setClientSize(dialog, buttonLeft + buttonWidth + margin, margin + lineHeight + margin);
     ::SendMessageW(entry, EM_SETPASSWORDCHAR, mask, 0);
-    ::SetFocus(entry);
 }
 
 /// Takes the entry out of the window, which is empty from then on.

@@ -70,8 +70,6 @@ void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePa
     setWindowText(dialog, prompt.title, codePage);
     setClientSize(dialog, margin + width + margin, buttonTop + buttonHeight + margin);
     ::SendMessageW(answer, EM_SETLIMITTEXT, Dialogs::maximumAnswerLength, 0);
-    ::SendMessageW(answer, EM_SETSEL, 0, -1);
-    ::SetFocus(answer);
 }
 
 }  // namespace

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+#include "platform/win32/Handles.h"
+
+namespace quorvel::scenario {
+
+/// The program as the system sees it: a process and its windows. It ends with this object, and so
+/// does every program that it started.
+class RunningProgram {
+  public:
+    /// Throws ScenarioError when it cannot be started.
+    explicit RunningProgram(const std::filesystem::path& folder);
+    ~RunningProgram();
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+
+    bool hasEnded() const;
+    /// Of a program that has ended.
+    DWORD exitCode() const;
+    DWORD processId() const { return processId_; }
+
+    /// Its top-level windows that are visible, the topmost first.
+    std::vector<HWND> visibleWindows() const;
+    /// Null while there is none on the screen.
+    HWND mainWindow() const;
+    /// The window that the keyboard goes to; null when it goes to none of the program's.
+    HWND focusedWindow() const;
+
+    /// The command lines of the programs that it started and that still run.
+    std::vector<std::wstring> startedPrograms() const;
+
+  private:
+    std::vector<DWORD> startedProcesses() const;
+
+    UniqueHandle process_;
+    DWORD processId_ = 0;
+};
+
+}  // namespace quorvel::scenario

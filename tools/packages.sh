@@ -1,0 +1,40 @@
+# shellcheck shell=bash
+# What Debian 12 lacks for building and testing, and how it gets here. Sourced.
+
+readonly headless_packages=(cmake g++ libgtest-dev ninja-build python3)
+readonly style_packages=(clang-format clang-tidy shellcheck)
+readonly windows_packages=(g++-mingw-w64-x86-64-posix)
+readonly wine_packages=(fonts-liberation fonts-wine wine wine64 xvfb)
+readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript poppler-utils
+    printer-driver-cups-pdf)
+readonly input_packages=(imagemagick x11-utils xdotool)
+
+# Runs a command with the rights that installing needs.
+as_administrator() {
+    if [[ $(id -u) -eq 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "installing needs root, or sudo: $*" >&2
+        return 1
+    fi
+}
+
+is_installed() {
+    [[ $(dpkg-query -W -f '${db:Status-Abbrev}' "$1" 2>/dev/null) == ii* ]]
+}
+
+# Installs those of the named packages that are missing.
+install_packages() {
+    local package missing=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [[ ${#missing[@]} -gt 0 ]] || return 0
+    echo "installing ${missing[*]}"
+    export DEBIAN_FRONTEND=noninteractive
+    as_administrator apt-get -q update </dev/null >&2
+    as_administrator env DEBIAN_FRONTEND=noninteractive \
+        apt-get -q -y --no-install-recommends install "${missing[@]}" </dev/null >&2
+}

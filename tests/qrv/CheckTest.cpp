@@ -127,7 +127,7 @@ TEST_F(CheckTest, AScoreMayHoldAnyTextOrNumber) {
 TEST_F(CheckTest, CountsOfAThousandMillionCellsTakeNeitherTimeNorMemory) {
     const std::string count("\x02\x00\xFF\x7F", 4);
     write("claims.qrv", count + std::string(124, '\0') + count + std::string(124, '\0'));
-    const ProgramRun run = shell("ulimit -v 100000; qrv check claims.qrv");
+    const ProgramRun run = shell(memoryLimit() + "qrv check claims.qrv");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.output,
               "students: 32767\nassignments: 32767\nrecords wanted: 1073807360\n"

@@ -123,7 +123,7 @@ TEST_F(FiguresTest, CountsWithoutBytesBehindThemTakeNeitherTimeNorMemory) {
         counts += std::string("\x02\x00\xFF\x7F", 4) + std::string(124, '\0');
     }
     write("claims.qrv", counts);
-    const ProgramRun run = shell("ulimit -v 200000; qrv figures claims.qrv | tail -n 1");
+    const ProgramRun run = shell(memoryLimit() + "qrv figures claims.qrv | tail -n 1");
     EXPECT_EQ(run.output, "class\t100\tA\n") << run.problem;
 }
 

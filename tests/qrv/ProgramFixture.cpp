@@ -58,6 +58,15 @@ ProgramRun ProgramTest::qrv(const std::string& words) const {
     return shell("qrv " + words);
 }
 
+std::string ProgramTest::memoryLimit() {
+#ifdef __SANITIZE_ADDRESS__
+    // Its own bookkeeping claims addresses without end.
+    return "export ASAN_OPTIONS=hard_rss_limit_mb=300; ";
+#else
+    return "ulimit -v 100000; ";
+#endif
+}
+
 void ProgramTest::write(const std::string& file, std::string_view content) const {
     std::ofstream(folder_ / file, std::ios::binary) << content;
 }

@@ -27,6 +27,9 @@ class ProgramTest : public testing::Test {
     /// Runs a whole shell command in the folder, in which `qrv` is the program.
     ProgramRun shell(const std::string& command) const;
 
+    /// A shell command that keeps what is run behind it from taking much memory.
+    static std::string memoryLimit();
+
     void write(const std::string& file, std::string_view content) const;
     std::string read(const std::string& file) const;
     bool exists(const std::string& file) const { return std::filesystem::exists(folder_ / file); }

@@ -23,7 +23,7 @@ class RunningProgram {
     bool hasEnded() const;
     /// Of a program that has ended.
     DWORD exitCode() const;
-    DWORD processId() const { return processId_; }
+    HANDLE process() const { return process_.get(); }
 
     /// Its top-level windows that are visible, the topmost first.
     std::vector<HWND> visibleWindows() const;

@@ -58,6 +58,11 @@ bool WindowDriver::setDiskFull(bool) {
     return false;
 }
 
+HANDLE WindowDriver::process() const {
+    if (!program_) throw ScenarioError("the program was not started");
+    return program_->process();
+}
+
 HWND WindowDriver::mainWindow() const {
     if (!program_) throw ScenarioError("the program was not started");
     if (program_->hasEnded()) throw ScenarioError("the program has ended");

@@ -64,6 +64,9 @@ class WindowDriver final : public Driver {
     std::optional<std::vector<FileCopy>> copies() override;
     std::optional<std::vector<std::string>> launches() override;
 
+    /// The process of the program under way.
+    HANDLE process() const;
+
   private:
     /// The main window, when the program runs and shows it; throws ScenarioError where it does not.
     HWND mainWindow() const;

@@ -15,6 +15,7 @@ constexpr int labelTextHeight = 11;
 /// Row numbers of four digits fit their column.
 constexpr int rowNumberWidth = 6;
 constexpr int textMargin = 2;
+constexpr int rowNumberMargin = 0;
 
 constexpr DWORD rosterHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
 constexpr DWORD listHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_LEFT;
@@ -95,9 +96,9 @@ int pageOf(int id, const Layout& layout) {
 }
 
 /// Without the inner border of an edit control: line k stands k line heights below the top.
-void fillWithText(HWND edit, const Rectangle& place) {
+void fillWithText(HWND edit, const Rectangle& place, int margin) {
     ::SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-    RECT text{textMargin, 0, place.width, place.height};
+    RECT text{margin, 0, place.width, place.height};
     ::SendMessageW(edit, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&text));
 }
 
@@ -144,7 +145,8 @@ void FormControls::place(const Layout& layout) {
         const Rectangle& place = layout.*textPlans[i].place;
         moveControl(texts_[i].control, place);
         fitFont(texts_[i].control, textPlans[i].id);
-        fillWithText(texts_[i].control, place);
+        fillWithText(texts_[i].control, place,
+                     textPlans[i].id == control_id::txtSN ? rowNumberMargin : textMargin);
     }
     for (std::size_t i = 0; i < barPlans.size(); ++i) {
         moveControl(bars_[i].control, layout.*barPlans[i].place);

@@ -130,7 +130,7 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             act([this] { form_.closeBox(); });
             return 0;
         case WM_QUERYENDSESSION:
-            actAnyTime([this] { form_.closeBox(); });
+            if (!form_.hasEnded()) actAnyTime([this] { form_.closeBox(); });
             return TRUE;
         case WM_ENDSESSION:
             endSession(wParam != FALSE);

@@ -17,7 +17,8 @@ code_files() {
 
 scripts() {
     printf '%s\n' run test .ci/run
-    find tools tests packaging -name '*.sh'
+    # Sourced ones are looked at where they are used.
+    find tools tests -name '*.sh' -perm -u+x
 }
 
 # A line for each object of a build: its source and every file of ours that the source includes.

@@ -8,7 +8,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/teacher.sh
 . "$root/tools/teacher.sh"
 
-readonly folder='Real Input'
+readonly program_folder='Real Input'
 readonly class='Algebra I - Period 3.qrv'
 readonly score=17
 
@@ -37,14 +37,14 @@ expected_file() {
 
 saved_as_expected() {
     bench_wait_for cmp "$bench_scratch/expected.qrv" \
-        "$WINEPREFIX/drive_c/$folder/Grades/$class"
+        "$WINEPREFIX/drive_c/$program_folder/Grades/$class"
 }
 
 main() {
     trap bench_close EXIT
     bench_open real-input 1024x768 none
     expected_file "$bench_scratch/expected.qrv"
-    check "the window opens" teacher_start "$folder"
+    check "the window opens" teacher_start "$program_folder"
     check "keys open a class" teacher_open_class "$class"
     teacher_type_score "$class" 4 1 "$score"
     press ctrl+s

@@ -91,7 +91,7 @@ TEST_F(ImportTest, QuotedFieldsHoldQuotesAndLineBreaks) {
 }
 
 TEST_F(ImportTest, ASemicolonIsNoSeparatorWhereTheFirstLineHasCommas) {
-    const std::string csv = "Name,Alias,Quiz; part 2\nValue,,20\nDoe; Jane,J,5\n";
+    const std::string csv = "Name,Alias,Quiz; unit 2\nValue,,20\nDoe; Jane,J,5\n";
     EXPECT_EQ(imported(csv), csv);
 }
 

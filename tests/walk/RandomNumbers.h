@@ -7,10 +7,10 @@
 
 namespace quorvel::walk {
 
-/// Random choices that are the same everywhere for the same seed.
+/// Random choices that are the same everywhere for the same route.
 class RandomNumbers {
   public:
-    explicit RandomNumbers(std::uint64_t seed) : engine_(seed) {}
+    explicit RandomNumbers(std::uint64_t route) : engine_(route) {}
 
     /// From 0 to `count` - 1. Requires count > 0.
     int below(int count) { return static_cast<int>(engine_() % static_cast<std::uint64_t>(count)); }

@@ -67,8 +67,8 @@ std::string inQuotes(std::string_view text) {
 
 }  // namespace
 
-Walk::Walk(std::uint64_t seed, ScenarioLog& log)
-    : random_(seed), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
+Walk::Walk(std::uint64_t route, ScenarioLog& log)
+    : random_(route), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
     reloadForNew = false;
     log_.begin();
     setUp();

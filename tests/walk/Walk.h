@@ -19,7 +19,7 @@ namespace quorvel::walk {
 /// it is checked what must hold; Violation is thrown where it does not.
 class Walk {
   public:
-    Walk(std::uint64_t seed, ScenarioLog& log);
+    Walk(std::uint64_t route, ScenarioLog& log);
 
     void takeSteps(int count);
 

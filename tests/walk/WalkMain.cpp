@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::uint64_t usualSeed = 1;
+constexpr std::uint64_t usualRoute = 1;
 constexpr int usualSteps = 100'000;
 /// A scenario that is short enough to be read and long enough to get somewhere.
 constexpr int stepsPerScenario = 250;
@@ -20,12 +20,12 @@ constexpr int stepsPerScenario = 250;
 constexpr unsigned secondsPerScenario = 30;
 
 /// Walks in scenarios of their own, each from a fresh program; false where something did not hold.
-bool walk(std::uint64_t seed, int steps, const std::filesystem::path& file) {
+bool walk(std::uint64_t route, int steps, const std::filesystem::path& file) {
     quorvel::walk::ScenarioLog log(file);
     try {
         for (int taken = 0; taken < steps; taken += stepsPerScenario) {
             alarm(secondsPerScenario);
-            quorvel::walk::Walk(seed++, log).takeSteps(std::min(stepsPerScenario, steps - taken));
+            quorvel::walk::Walk(route++, log).takeSteps(std::min(stepsPerScenario, steps - taken));
         }
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
@@ -35,13 +35,13 @@ bool walk(std::uint64_t seed, int steps, const std::filesystem::path& file) {
 }
 
 /// Walks in a process of its own, so that a crash can still be told about.
-bool walkApart(std::uint64_t seed, int steps, const std::filesystem::path& file) {
+bool walkApart(std::uint64_t route, int steps, const std::filesystem::path& file) {
     const pid_t child = fork();
     if (child < 0) {
         std::cerr << "cannot start the walk\n";
         return false;
     }
-    if (child == 0) std::exit(walk(seed, steps, file) ? EXIT_SUCCESS : EXIT_FAILURE);
+    if (child == 0) std::exit(walk(route, steps, file) ? EXIT_SUCCESS : EXIT_FAILURE);
     int status = 0;
     waitpid(child, &status, 0);
     if (WIFSIGNALED(status)) std::cerr << "the walk ended with signal " << WTERMSIG(status) << '\n';
@@ -50,10 +50,10 @@ bool walkApart(std::uint64_t seed, int steps, const std::filesystem::path& file)
 
 }  // namespace
 
-/// random_walk [SEED [STEPS [FILE]]]: FILE keeps the last scenario of a walk.
+/// random_walk [ROUTE [STEPS [FILE]]]: another route is another walk; FILE keeps its last scenario.
 int main(int argumentCount, char** arguments) {
-    const std::uint64_t seed =
-        argumentCount > 1 ? std::strtoull(arguments[1], nullptr, 10) : usualSeed;
+    const std::uint64_t route =
+        argumentCount > 1 ? std::strtoull(arguments[1], nullptr, 10) : usualRoute;
     const int steps = argumentCount > 2 ? std::atoi(arguments[2]) : usualSteps;
     const bool keep = argumentCount > 3;
     const std::filesystem::path file =
@@ -61,10 +61,10 @@ int main(int argumentCount, char** arguments) {
              : std::filesystem::temp_directory_path() /
                    ("random-walk-" + std::to_string(getpid()) + ".scenario");
 
-    const bool passed = walkApart(seed, steps, file);
+    const bool passed = walkApart(route, steps, file);
     if (!passed) std::cerr << "what led there:\n" << std::ifstream(file).rdbuf();
     if (!keep) std::filesystem::remove(file);
-    std::cout << "random walk of " << steps << " steps from seed " << seed
+    std::cout << "random walk of " << steps << " steps on route " << route
               << (passed ? ": passed" : ": FAILED") << '\n';
     return passed ? EXIT_SUCCESS : EXIT_FAILURE;
 }

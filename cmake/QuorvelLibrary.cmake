@@ -4,7 +4,9 @@ target_compile_options(quorvel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Werror)
 if(QUORVEL_SANITIZE)
     target_compile_options(quorvel_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+        # The checks that are woven in make g++ doubt what it knows of std::variant.
+        -Wno-maybe-uninitialized)
     target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(WIN32)

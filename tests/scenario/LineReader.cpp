@@ -130,7 +130,7 @@ bool LineReader::take(std::string_view word) {
 
 void LineReader::require(std::string_view word) {
     if (take(word)) return;
-    const std::string expected = "\"" + std::string(word) + "\" is expected";
+    const std::string expected = std::string("\"").append(word) + "\" is expected";
     if (atEnd()) fail("the line ends too early: " + expected);
     fail(expected + " instead of " + tokens_[next_].text);
 }

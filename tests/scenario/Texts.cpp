@@ -6,6 +6,24 @@ namespace {
 
 constexpr std::string_view folderMark = "*\\";
 
+std::string_view kindWord(DialogKind kind) {
+    switch (kind) {
+        case DialogKind::Prompt:
+            return "prompt";
+        case DialogKind::Message:
+            return "message";
+        case DialogKind::OpenFile:
+            return "open";
+        case DialogKind::SaveFile:
+            return "save";
+        case DialogKind::Font:
+            return "font";
+        case DialogKind::Password:
+            return "password";
+    }
+    return {};
+}
+
 std::string_view iconWord(Icon icon) {
     switch (icon) {
         case Icon::None:
@@ -82,27 +100,24 @@ std::string quoted(std::string_view text, std::string_view programFolder) {
 }
 
 std::string described(const Dialog& dialog, std::string_view programFolder) {
-    const auto text = [programFolder](std::string_view content) {
-        return " " + quoted(content, programFolder);
+    std::string line(kindWord(dialog.kind));
+    const auto add = [&line, programFolder](std::string_view content) {
+        line += ' ';
+        line += quoted(content, programFolder);
     };
-    switch (dialog.kind) {
-        case DialogKind::Prompt:
-            return "prompt" + text(dialog.title) + text(dialog.text) + " default" +
-                   text(dialog.defaultAnswer);
-        case DialogKind::Message:
-            return "message" + text(dialog.title) + text(dialog.text) + " icon " +
-                   std::string(iconWord(dialog.icon)) + " buttons " +
-                   std::string(buttonsWord(dialog.buttons));
-        case DialogKind::OpenFile:
-            return "open" + text(dialog.title);
-        case DialogKind::SaveFile:
-            return "save" + text(dialog.title);
-        case DialogKind::Font:
-            return "font";
-        case DialogKind::Password:
-            return "password" + text(dialog.title);
+    if (dialog.kind == DialogKind::Font) return line;
+    add(dialog.title);
+    if (dialog.kind == DialogKind::Prompt) {
+        add(dialog.text);
+        line += " default";
+        add(dialog.defaultAnswer);
     }
-    return {};
+    if (dialog.kind == DialogKind::Message) {
+        add(dialog.text);
+        line.append(" icon ").append(iconWord(dialog.icon));
+        line.append(" buttons ").append(buttonsWord(dialog.buttons));
+    }
+    return line;
 }
 
 }  // namespace quorvel::scenario

@@ -178,7 +178,8 @@ Outcome Comparison::operator()(const ResultGlyphs& expected) const {
             glyphs(Surface::Grid, result.left + driver_.rightColumnsShift(), top, result.slots);
         if (!seen) return cannotBeSeen();
         same = same && *seen == *result.glyphs;
-        came += (came.empty() ? "" : " ") + quotedText(*seen);
+        if (!came.empty()) came += ' ';
+        came += quotedText(*seen);
     }
     return whether(same, came);
 }

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include "core/Errors.h"
 #include "platform/win32/ControlIds.h"
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/MenuBar.h"
@@ -62,8 +63,9 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
                          .tabKey = [this] { act([this] { form_.leaveEditor(); }); }}),
       accelerators_(createAccelerators()) {
     registerWindowClass(procedure);
-    ::CreateWindowExW(0, control_id::mainWindowClass, L"", windowStyle, CW_USEDEFAULT, 0, 0, 0,
-                      nullptr, nullptr, ::GetModuleHandleW(nullptr), this);
+    if (::CreateWindowExW(0, control_id::mainWindowClass, L"", windowStyle, CW_USEDEFAULT, 0, 0, 0,
+                          nullptr, nullptr, ::GetModuleHandleW(nullptr), this) == nullptr)
+        throw Error("The window could not be opened.");
     ::DeleteMenu(::GetSystemMenu(window_, FALSE), SC_SIZE, MF_BYCOMMAND);
     controls_.create(window_);
     editor_.create(window_, control_id::txtEnter, frmQRV::longestEntry);

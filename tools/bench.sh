@@ -79,8 +79,11 @@ bench_build_template() {
 # The prefix that all benches are copied from, built once. Needs a display.
 bench_template() {
     local template=$root/build/wine/template wanted
-    wanted=$({ "$wine" --version; cat "$root/tests/window/wine.reg" "$root/tools/bench.sh"; } |
-        sha256sum)
+    wanted=$({
+        "$wine" --version
+        declare -f bench_build_template bench_cut_home_links
+        cat "$root/tests/window/wine.reg"
+    } | sha256sum)
     (
         flock 9
         if [[ $(cat "$template.made" 2>/dev/null) != "$wanted" ]]; then
@@ -135,6 +138,17 @@ bench_scheduler_answers() {
     lpstat -r | grep -q 'is running'
 }
 
+# Removes what benches left that could not close themselves.
+bench_remove_leftovers() {
+    local prefix
+    for prefix in "$root"/build/wine/bench-*; do
+        if [[ -e $prefix && ! -e /proc/${prefix##*-} ]]; then
+            WINEPREFIX=$prefix bench_stop_wine
+            rm -rf "$prefix"
+        fi
+    done
+}
+
 # bench_open NAME SCREEN PRINTER: SCREEN such as 1024x768, PRINTER ready or none. Exports what
 # Wine needs, and QUORVEL_PRINTING, the folder of the print queue. The caller sees to it that
 # bench_close runs.
@@ -145,8 +159,8 @@ bench_open() {
     bench_scratch=$(mktemp -d "${TMPDIR:-/tmp}/quorvel.XXXXXX")
     bench_start_display "$screen"
     bench_template
-    export WINEPREFIX=$root/build/wine/$name
-    if [[ -e $WINEPREFIX ]]; then bench_stop_wine; fi
+    bench_remove_leftovers
+    export WINEPREFIX=$root/build/wine/bench-$name-$BASHPID
     bench_copy_template
     if [[ $printer == ready ]]; then
         bench_start_scheduler
@@ -156,7 +170,10 @@ bench_open() {
 }
 
 bench_close() {
-    if [[ -n ${WINEPREFIX:-} && -e $WINEPREFIX ]]; then bench_stop_wine; fi
+    if [[ ${WINEPREFIX:-} == "$root"/build/wine/bench-* && -e $WINEPREFIX ]]; then
+        bench_stop_wine
+        rm -rf "$WINEPREFIX"
+    fi
     bench_stop_pid "$bench_scheduler_pid"
     bench_stop_pid "$bench_display_pid"
     [[ -z $bench_scratch ]] || rm -rf "$bench_scratch"
@@ -167,5 +184,7 @@ bench_close() {
 bench_run() {
     local seconds=$1
     shift
-    timeout --kill-after=5 "$seconds" "$wine" "$@" </dev/null
+    # In the background, so that a signal to this shell is not kept waiting.
+    timeout --kill-after=5 "$seconds" "$wine" "$@" </dev/null &
+    wait $!
 }

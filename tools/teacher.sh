@@ -17,6 +17,26 @@ window_is_closed() {
     ! window_is_open "$1"
 }
 
+# Whether keys go to the window of that title.
+takes_keys() {
+    [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) == "$1" ]]
+}
+
+screen_picture() {
+    import -window root rgb:- | sha256sum
+}
+
+# Waits until nothing moves on the screen any more; a blinking caret is not waited for.
+screen_settles() {
+    local before='' now tries
+    for ((tries = 0; tries < 15; ++tries)); do
+        now=$(screen_picture)
+        if [[ $now == "$before" ]]; then return 0; fi
+        before=$now
+        sleep 0.15
+    done
+}
+
 press() {
     xdotool key --delay 30 "$@"
 }
@@ -33,18 +53,19 @@ teacher_start() {
     cp "$root"/assets/samples/*.qrv "$folder/Grades/"
     "$wine" "C:\\$1\\Quorvel.exe" >/dev/null 2>&1 </dev/null &
     teacher_program=$!
-    bench_wait_for window_is_open "$program_title"
+    bench_wait_for takes_keys "$program_title"
+    screen_settles
 }
 
 # teacher_open_class FILE: opens a sheet of the Grades folder by its name.
 teacher_open_class() {
     press ctrl+o
-    bench_wait_for window_is_open 'Open Gradesheet'
-    sleep 0.5
+    bench_wait_for takes_keys 'Open Gradesheet'
+    screen_settles
     write_text "$1"
     press Return
-    bench_wait_for window_is_closed 'Open Gradesheet'
-    bench_wait_for window_is_open "$1"
+    bench_wait_for takes_keys "$1"
+    screen_settles
 }
 
 # teacher_click TITLE ROW COLUMN: clicks a cell of the grid on screen, counted from 1.
@@ -61,7 +82,7 @@ teacher_click() {
 # teacher_type_score TITLE ROW COLUMN SCORE
 teacher_type_score() {
     teacher_click "$1" "$2" "$3"
-    sleep 0.3
+    screen_settles
     write_text "$4"
     press Return
 }
@@ -69,17 +90,17 @@ teacher_type_score() {
 # teacher_print KIND JOB: prints a report and waits for the queue's JOB-th file.
 teacher_print() {
     press ctrl+p
-    bench_wait_for window_is_open 'Print Method'
+    bench_wait_for takes_keys 'Print Method'
     write_text "$1"
     press Return
     bench_wait_for window_is_closed 'Print Method'
     case $1 in
         2)
-            bench_wait_for window_is_open "$program_title"
+            bench_wait_for takes_keys "$program_title"
             press Return
             ;;
         3)
-            bench_wait_for window_is_open 'Print Individual Student Report Error'
+            bench_wait_for takes_keys 'Print Individual Student Report Error'
             write_text 1
             press Return
             ;;
@@ -90,13 +111,14 @@ teacher_print() {
 # Closes the program by its menu, without saving what is unsaved.
 teacher_exit() {
     press alt+f
-    sleep 0.3
+    screen_settles
     press x
-    bench_wait_for window_is_open 'Exit Check'
+    bench_wait_for takes_keys 'Exit Check'
     press Return
     wait "$teacher_program"
 }
 
 screenshot() {
+    screen_settles
     import -window root "$1"
 }

@@ -1,71 +1,72 @@
 #!/usr/bin/env bash
 # Runs scenario files in the real window under Wine, each on a bench with the screen and the printer
-# that it names; the benches run side by side. The last line is "N passed, N failed".
+# that it names; two benches work side by side. The last line is "N passed, N failed".
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/bench.sh
 . "$root/tools/bench.sh"
 
-readonly seconds_for_all=540
+readonly usual_bench='1024x768 ready'
+readonly benches_at_once=2
+# A run that hangs is ended after this time.
+readonly seconds_at_least=60 seconds_for_each=15
 
-# SCREEN and PRINTER as the file names them, such as "1024x768 ready".
+# The screen and the printer that the file names before it starts the program.
 bench_of() {
-    local screen=1024x768 printer=ready
-    if grep -qE '^[[:space:]]*screen[[:space:]]+640x480' "$1"; then screen=640x480; fi
-    if grep -qE '^[[:space:]]*printer[[:space:]]+none' "$1"; then printer=none; fi
-    echo "$screen $printer"
+    awk '
+        BEGIN { screen = "1024x768"; printer = "ready" }
+        /^ *start/ { exit }
+        $1 == "screen" { screen = $2 }
+        # What needs a printer that fails is left to the headless run.
+        $1 == "printer" { printer = $2 == "none" ? "none" : "ready" }
+        END { print screen, printer }' "$1" 2>/dev/null || echo "$usual_bench"
 }
 
+# run_on_bench NAME SCREEN PRINTER FILE...
 run_on_bench() {
-    local name=$1 screen=$2 printer=$3
+    local name=scenarios-$1 screen=$2 printer=$3
     shift 3
     trap bench_close EXIT
+    trap 'exit 143' TERM
     bench_open "$name" "$screen" "$printer"
-    local arguments=(--program "Z:${root}/build/windows/Quorvel") file
-    [[ -z $QUORVEL_PRINTING ]] || arguments+=(--printing "Z:$QUORVEL_PRINTING")
-    for file in "$@"; do arguments+=("Z:$file"); done
-    bench_run "$seconds_for_all" "$root/build/windows/tests/window/scenario_window.exe" \
-        "${arguments[@]}"
+    local arguments=(--program "$root/build/windows/Quorvel")
+    [[ -z $QUORVEL_PRINTING ]] || arguments+=(--printing "$QUORVEL_PRINTING")
+    bench_run $((seconds_at_least + seconds_for_each * $#)) \
+        "$root/build/windows/tests/window/scenario_window.exe" "${arguments[@]}" "$@"
 }
 
-# Splits the files over benches: every kind gets its own, the usual kind one for each processor.
-main() {
-    local logs file kind slot=0 name passed=0 failed=0 status=0
-    logs=$(mktemp -d)
-    declare -A files=()
+# Splits the files into lists, one for each run on a bench: $lists/SCREEN-PRINTER-NUMBER. Most of the
+# files need the usual bench; it gets a list for each run that works at the same time.
+split_files() {
+    local file bench number=0
     for file in "$@"; do
-        kind=$(bench_of "$(realpath "$file")")
-        name=${kind// /-}
-        if [[ $kind == "1024x768 ready" ]]; then
-            slot=$(((slot + 1) % $(nproc)))
-            name+=-$slot
-        fi
-        files[$name]+="$(realpath "$file")"$'\n'
+        bench=$(bench_of "$file")
+        if [[ $bench == "$usual_bench" ]]; then number=$(((number + 1) % benches_at_once)); fi
+        printf '%s\n' "$file" >>"$lists/${bench/ /-}-$number"
     done
-    local names=() running=()
-    for name in "${!files[@]}"; do
-        local screen printer list
-        IFS=- read -r screen printer _ <<<"$name"
-        mapfile -t list <<<"${files[$name]%$'\n'}"
-        (run_on_bench "$name" "$screen" "$printer" "${list[@]}") >"$logs/$name" 2>&1 &
-        names+=("$name")
-        running+=($!)
-    done
-    local index
-    for index in "${!names[@]}"; do
-        status=0
-        wait "${running[$index]}" || status=$?
-        add_totals "$logs/${names[$index]}" "$status" "$(wc -l <<<"${files[${names[$index]}]%$'\n'}")"
-    done
-    rm -r "$logs"
-    echo "$passed passed, $failed failed"
-    [[ $failed -eq 0 ]]
 }
 
-# Adds what one bench came to. One that broke off has failed with all files that it did not pass.
+# Runs the lists, so many at once, the longest first.
+run_lists() {
+    local list screen printer files running=0
+    while read -r _ list; do
+        if ((running == benches_at_once)); then
+            wait -n || true
+            running=$((running - 1))
+        fi
+        IFS=- read -r screen printer _ <<<"$list"
+        mapfile -t files <"$lists/$list"
+        (run_on_bench "$list" "$screen" "$printer" "${files[@]}") >"$logs/$list" 2>&1 &
+        running=$((running + 1))
+    done < <(cd "$lists" && grep -c '' -- * /dev/null | sed 's/\(.*\):\(.*\)/\2 \1/' |
+        grep -v /dev/null | sort -rn)
+    wait
+}
+
+# Adds what one list came to. Where a run broke off, what it did not come to has failed.
 add_totals() {
-    local log=$1 status=$2 count=$3 last
-    last=$(tail -n 1 "$log" | tr -d '\r')
+    local list=$1 log=$logs/$1 last
+    last=$(tail -n 1 "$log")
     if [[ $last =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
         sed '$d' "$log"
         passed=$((passed + BASH_REMATCH[1]))
@@ -73,11 +74,36 @@ add_totals() {
         return
     fi
     cat "$log"
-    echo "the bench $(basename "$log") broke off (exit code $status)"
-    local done_files
-    done_files=$(grep -c ': passed' "$log" || true)
-    passed=$((passed + done_files))
-    failed=$((failed + count - done_files))
+    local files finished
+    files=$(grep -c '' "$lists/$list")
+    finished=$(grep -c -E ': passed(,|$)' "$log" || true)
+    echo "the run on the bench $list broke off after $finished of $files files"
+    passed=$((passed + finished))
+    failed=$((failed + files - finished))
+}
+
+# Where this run is broken off, so are its benches.
+end_benches() {
+    local benches
+    mapfile -t benches < <(jobs -p)
+    [[ ${#benches[@]} -eq 0 ]] || kill "${benches[@]}" 2>/dev/null || true
+    wait
+}
+
+main() {
+    local list
+    trap end_benches EXIT
+    trap 'exit 143' TERM
+    lists=$(mktemp -d)
+    logs=$(mktemp -d)
+    passed=0
+    failed=0
+    split_files "$@"
+    run_lists
+    for list in "$lists"/*; do add_totals "$(basename "$list")"; done
+    rm -r "$lists" "$logs"
+    echo "$passed passed, $failed failed"
+    [[ $failed -eq 0 ]]
 }
 
 main "$@"

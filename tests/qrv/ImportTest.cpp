@@ -39,6 +39,23 @@ TEST_F(ImportTest, WhatWasExportedComesBackByteForByte) {
     EXPECT_EQ(read("again.qrv"), read("class.qrv"));
 }
 
+TEST_F(ImportTest, TheClassesOfTheReportsAreWhatTheirCsvGives) {
+    const std::pair<const char*, const char*> classes[] = {
+        {"typical", "Algebra I - Period 3"},
+        {"long-and-empty-names", "Advanced Placement World History - Period 7"},
+        {"large", ""}};
+    for (const auto& [name, title] : classes) {
+        const std::string golden = std::string(QUORVEL_GOLDEN_FOLDER "/") + name;
+        EXPECT_EQ(shell("qrv import '" + golden + ".csv' -o out.qrv --title '" + title +
+                        "' && cmp out.qrv '" + golden + ".qrv' && qrv export out.qrv | cmp - '" +
+                        golden + ".csv'")
+                      .exitCode,
+                  0)
+            << name;
+        std::filesystem::remove(folder() / "out.qrv");
+    }
+}
+
 TEST_F(ImportTest, WritesTheRecordsOfASheet) {
     write("in.csv", "Name,Alias,Quiz\nValue,,300\nDoe,D,\nRoe,R,7.5\nLoe,L,e\n");
     EXPECT_EQ(qrv("import in.csv -o out.qrv --title T").exitCode, 0);

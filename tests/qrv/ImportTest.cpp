@@ -45,13 +45,13 @@ TEST_F(ImportTest, TheClassesOfTheReportsAreWhatTheirCsvGives) {
         {"long-and-empty-names", "Advanced Placement World History - Period 7"},
         {"large", ""}};
     for (const auto& [name, title] : classes) {
-        const std::string golden = std::string(QUORVEL_GOLDEN_FOLDER "/") + name;
-        EXPECT_EQ(shell("qrv import '" + golden + ".csv' -o out.qrv --title '" + title +
-                        "' && cmp out.qrv '" + golden + ".qrv' && qrv export out.qrv | cmp - '" +
-                        golden + ".csv'")
-                      .exitCode,
-                  0)
-            << name;
+        std::string command = "golden='" QUORVEL_GOLDEN_FOLDER "'; name='";
+        command.append(name).append("'; title='").append(title).append("'\n");
+        command +=
+            "qrv import \"$golden/$name.csv\" -o out.qrv --title \"$title\" && "
+            "cmp out.qrv \"$golden/$name.qrv\" && "
+            "qrv export out.qrv | cmp - \"$golden/$name.csv\"";
+        EXPECT_EQ(shell(command).exitCode, 0) << name;
         std::filesystem::remove(folder() / "out.qrv");
     }
 }

@@ -7,25 +7,12 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 . "$root/tools/bench.sh"
 # shellcheck source=tools/teacher.sh
 . "$root/tools/teacher.sh"
+# shellcheck source=tests/window/checks.sh
+. "$root/tests/window/checks.sh"
 
 readonly program_folder='Real Input'
 readonly class='Algebra I - Period 3.qrv'
 readonly score=17
-
-passed=0
-failed=0
-
-check() {
-    local name=$1
-    shift
-    if "$@"; then
-        echo "$name: passed"
-        passed=$((passed + 1))
-    else
-        echo "$name: FAILED"
-        failed=$((failed + 1))
-    fi
-}
 
 # The sample with the text "17" as the fourth student's score in the first assignment, which is
 # record 7: three records stand before the scores.
@@ -50,8 +37,7 @@ main() {
     press ctrl+s
     check "a clicked and typed score is saved, and nothing else is changed" saved_as_expected
     check "the menu's keys end the program" teacher_exit
-    echo "$passed passed, $failed failed"
-    [[ $failed -eq 0 ]]
+    print_checks
 }
 
 main

@@ -18,8 +18,8 @@ using Bytes = std::vector<std::byte>;
 class InputFile {
   public:
     virtual ~InputFile() = default;
-    /// Fills `target` from where the last call stopped. The number of bytes it got: fewer than asked
-    /// for only at the end of the file, or where it cannot be read any further.
+    /// Fills `target` from where the last call stopped. The number of bytes it got: fewer than
+    /// asked for only at the end of the file, or where it cannot be read any further.
     virtual std::size_t read(std::span<std::byte> target) = 0;
 };
 
@@ -50,8 +50,8 @@ class Files {
     /// The bytes from `offset` on, empty behind the end; nothing when it cannot be read.
     virtual std::optional<Bytes> readFrom(const std::filesystem::path& file,
                                           std::uint64_t offset) = 0;
-    /// Nothing when the file cannot be read. Without an own way of reading piece by piece this reads
-    /// the whole file at once.
+    /// Nothing when the file cannot be read. Without an own way of reading piece by piece this
+    /// reads the whole file at once.
     virtual std::unique_ptr<InputFile> openForReading(const std::filesystem::path& file);
     /// Nothing when the file cannot be opened for writing.
     virtual std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) = 0;

@@ -20,7 +20,8 @@ class MainWindow {
     virtual void setStudentScrollMaximum(int maximum) = 0;
     virtual bool showsAliases() const = 0;
 
-    /// Closes the window, offering to save an unsaved sheet. Ends the program unless `reloadForNew`.
+    /// Closes the window, offering to save an unsaved sheet. Ends the program unless
+    /// `reloadForNew`.
     virtual void close() = 0;
     /// Closes the window and shows it again, with the sheet as it is.
     virtual void reload() = 0;

@@ -34,8 +34,8 @@ class Printer {
     /// Drops the job; nothing comes out of the printer. Without a job it does nothing.
     virtual void cancelJob() noexcept = 0;
 
-    /// Makes `font` the font of what follows. A `characterWidth` above 0 asks for characters of that
-    /// average width at the font's own height.
+    /// Makes `font` the font of what follows. A `characterWidth` above 0 asks for characters of
+    /// that average width at the font's own height.
     virtual FontMeasure selectFont(const PrintFont& font, int characterWidth = 0) = 0;
     /// The width of `text` in the selected font.
     virtual int textWidth(std::string_view text) = 0;

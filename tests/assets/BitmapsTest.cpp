@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "window/CanvasPlaces.h"
 #include "window/Layout.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "window/Menu.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

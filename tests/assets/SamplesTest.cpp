@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "core/GradeSheet.h"
 #include "storage/SheetFile.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 namespace {

@@ -4,14 +4,14 @@
 #include <string_view>
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "core/CommandContext.h"
 #include "tests/fakes/FakeMainWindow.h"
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/fakes/ScriptedDialogs.h"
 #include "tests/fakes/UnusedPorts.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

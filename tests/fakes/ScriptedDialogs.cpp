@@ -3,9 +3,9 @@
 #include <stdexcept>
 #include <utility>
 
-#include <gtest/gtest.h>
-
 #include "core/Numbers.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

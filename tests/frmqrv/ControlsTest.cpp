@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "window/Controls.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

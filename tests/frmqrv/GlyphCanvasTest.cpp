@@ -1,7 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "tests/fakes/FakeCanvas.h"
 #include "window/GlyphCanvas.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

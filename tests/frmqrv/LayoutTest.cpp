@@ -1,8 +1,8 @@
 #include <vector>
 
-#include <gtest/gtest.h>
-
 #include "window/Layout.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

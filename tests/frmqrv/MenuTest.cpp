@@ -3,9 +3,9 @@
 #include <set>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "window/Menu.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

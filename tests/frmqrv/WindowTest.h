@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "tests/fakes/FakeCanvas.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakePrinter.h"
@@ -13,6 +11,8 @@
 #include "window/CanvasPlaces.h"
 #include "window/Menu.h"
 #include "window/frmQRV.h"
+
+#include <gtest/gtest.h>
 
 namespace quorvel {
 

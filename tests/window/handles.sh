@@ -6,10 +6,10 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/bench.sh
 . "$root/tools/bench.sh"
 
-readonly seconds=180
+readonly seconds_at_most=180
 
 trap bench_close EXIT
 bench_open handles 1024x768 none
 cd "$root"
-bench_run "$seconds" build/windows/tests/window/window_handles.exe build/windows/Quorvel \
+bench_run "$seconds_at_most" build/windows/tests/window/window_handles.exe build/windows/Quorvel \
     'assets/samples/Algebra I - Period 3.qrv'

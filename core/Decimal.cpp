@@ -83,8 +83,8 @@ bool isBelow(const std::string& left, const std::string& right) {
 std::string productOf(const std::string& digits, std::uint64_t factor) {
     std::string product;
     WideUnsigned carry = 0;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        carry += WideUnsigned{factor} * valueOf(*digit);
+    for (std::size_t i = digits.size(); i-- > 0;) {
+        carry += WideUnsigned{factor} * valueOf(digits[i]);
         product += digitOf(carry % 10);
         carry /= 10;
     }

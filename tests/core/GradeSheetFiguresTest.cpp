@@ -267,8 +267,8 @@ TEST(Ranks, AreSharedByEqualPercentagesAndSkippedBehindThem) {
 
 TEST(Ranks, AreOnePlusTheNumberOfBetterStudents) {
     std::mt19937 random(7);
-    std::vector<int> percentages;
-    for (int i = 0; i < 400; ++i) percentages.push_back(static_cast<int>(random() % 150));
+    std::vector<int> percentages(400);
+    for (int& percentage : percentages) percentage = static_cast<int>(random() % 150);
     const std::vector<int> found = ranks(percentages);
     for (std::size_t i = 0; i < percentages.size(); ++i)
         EXPECT_EQ(found[i], 1 + std::ranges::count_if(percentages, [&](int other) {

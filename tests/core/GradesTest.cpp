@@ -17,6 +17,7 @@ GradeSheet sheetWith(const std::vector<Score>& scores, std::int16_t value) {
 
 std::vector<Score> texts(const std::vector<const char*>& values) {
     std::vector<Score> scores;
+    scores.reserve(values.size());
     for (const char* const value : values) scores.push_back(Score::ofText(value));
     return scores;
 }

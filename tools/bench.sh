@@ -19,6 +19,22 @@ bench_wine_environment() {
     export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe='
 }
 
+# Runs a command whose output matters only where it fails.
+bench_quietly() {
+    local log status=0
+    log=$(mktemp)
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    if [[ $status -ne 0 ]]; then
+        echo "failed with exit code $status: $*" >&2
+        tail -n 20 "$log" >&2
+    fi
+    rm "$log"
+    return "$status"
+}
+
+# Whether something was waited for in vain since this was last set to no.
+bench_waited_in_vain=no
+
 # Waits until the command succeeds, at most ten seconds.
 bench_wait_for() {
     local tries
@@ -27,6 +43,7 @@ bench_wait_for() {
         sleep 0.02
     done
     echo "waited in vain for: $*" >&2
+    bench_waited_in_vain=yes
     return 1
 }
 
@@ -67,9 +84,9 @@ bench_build_template() {
     rm -rf "$template"
     mkdir -p "$(dirname "$template")"
     export WINEPREFIX=$template
-    "$wine" wineboot -i >/dev/null 2>&1 </dev/null
-    "$wine" regedit /S "$root/tests/window/wine.reg" >/dev/null 2>&1 </dev/null
-    "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
+    bench_quietly "$wine" wineboot -i
+    bench_quietly "$wine" regedit /S "$root/tests/window/wine.reg"
+    bench_quietly "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
     bench_stop_wine
     cp "$wine_fonts"/{marlett,tahoma,tahomabd,symbol}.ttf \
         "$wine_fonts"/{sserife,coure,smalle,vgasys}.fon "$template/drive_c/windows/Fonts/"
@@ -129,9 +146,9 @@ bench_start_scheduler() {
     bench_scheduler_pid=$!
     export CUPS_SERVER=$dir/cups.sock QUORVEL_PRINTING=$dir
     bench_wait_for bench_scheduler_answers
-    lpadmin -p "$print_queue" -E -v tofile:/ -o PageSize="$paper" \
-        -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd 2>/dev/null
-    lpadmin -d "$print_queue"
+    bench_quietly lpadmin -p "$print_queue" -E -v tofile:/ -o PageSize="$paper" \
+        -P /usr/share/ppd/cups-pdf/CUPS-PDF_noopt.ppd
+    bench_quietly lpadmin -d "$print_queue"
 }
 
 bench_scheduler_answers() {

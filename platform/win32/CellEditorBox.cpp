@@ -88,7 +88,7 @@ bool CellEditorBox::holdsNewText() {
     return true;
 }
 
-bool CellEditorBox::takesKey(WPARAM key) {
+bool CellEditorBox::takesKey(WPARAM key) const {
     if (key == VK_RETURN) events_.enterKey();
     if (key == VK_TAB) events_.tabKey();
     return key == VK_RETURN || key == VK_TAB;

@@ -36,7 +36,7 @@ class CellEditorBox {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR id, DWORD_PTR box);
-    bool takesKey(WPARAM key);
+    bool takesKey(WPARAM key) const;
     void open(const CellEditor& editor);
     void hide();
 

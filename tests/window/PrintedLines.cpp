@@ -33,9 +33,9 @@ int linePitchOf(const PrintedPage& page, double fontHeight) {
     for (const PrintedCharacter& character : page.characters)
         distance = std::gcd(distance, character.baseline - page.characters.front().baseline);
     if (distance == 0) return static_cast<int>(std::lround(fontHeight * usualPitchPart));
-    for (int lines = 1; distance / lines >= fontHeight * smallestPitchPart; ++lines)
-        if (distance % lines == 0 && distance / lines <= fontHeight * largestPitchPart)
-            return distance / lines;
+    int pitch = distance;
+    for (int lines = 1; pitch >= fontHeight * smallestPitchPart; pitch = distance / ++lines)
+        if (distance % lines == 0 && pitch <= fontHeight * largestPitchPart) return pitch;
     throw ScenarioError("the lines of a printed page do not stand evenly");
 }
 

@@ -17,11 +17,6 @@ window_is_closed() {
     ! window_is_open "$1"
 }
 
-# Whether keys go to the window of that title.
-takes_keys() {
-    [[ $(xdotool getwindowfocus getwindowname 2>/dev/null) == "$1" ]]
-}
-
 screen_picture() {
     import -window root rgb:- | sha256sum
 }
@@ -35,6 +30,13 @@ screen_settles() {
         before=$now
         sleep 0.15
     done
+}
+
+# Waits for a window of that title and until it is painted. Which window the X server says has the
+# focus is no sign: Wine passes keys on to its own active window.
+wait_for_window() {
+    bench_wait_for window_is_open "$1"
+    screen_settles
 }
 
 press() {
@@ -53,19 +55,16 @@ teacher_start() {
     cp "$root"/assets/samples/*.qrv "$folder/Grades/"
     "$wine" "C:\\$1\\Quorvel.exe" >/dev/null 2>&1 </dev/null &
     teacher_program=$!
-    bench_wait_for takes_keys "$program_title"
-    screen_settles
+    wait_for_window "$program_title"
 }
 
 # teacher_open_class FILE: opens a sheet of the Grades folder by its name.
 teacher_open_class() {
     press ctrl+o
-    bench_wait_for takes_keys 'Open Gradesheet'
-    screen_settles
+    wait_for_window 'Open Gradesheet'
     write_text "$1"
     press Return
-    bench_wait_for takes_keys "$1"
-    screen_settles
+    wait_for_window "$1"
 }
 
 # teacher_click TITLE ROW COLUMN: clicks a cell of the grid on screen, counted from 1.
@@ -90,17 +89,17 @@ teacher_type_score() {
 # teacher_print KIND JOB: prints a report and waits for the queue's JOB-th file.
 teacher_print() {
     press ctrl+p
-    bench_wait_for takes_keys 'Print Method'
+    wait_for_window 'Print Method'
     write_text "$1"
     press Return
     bench_wait_for window_is_closed 'Print Method'
     case $1 in
         2)
-            bench_wait_for takes_keys "$program_title"
+            wait_for_window "$program_title"
             press Return
             ;;
         3)
-            bench_wait_for takes_keys 'Print Individual Student Report Error'
+            wait_for_window 'Print Individual Student Report Error'
             write_text 1
             press Return
             ;;
@@ -113,7 +112,7 @@ teacher_exit() {
     press alt+f
     screen_settles
     press x
-    bench_wait_for takes_keys 'Exit Check'
+    wait_for_window 'Exit Check'
     press Return
     wait "$teacher_program"
 }

@@ -25,11 +25,13 @@ remove_disk() {
 
 # back_up MNEMONIC: the entry of the Options menu with that letter, and OK to its question.
 back_up() {
-    press alt+o "$1"
-    bench_wait_for takes_keys Backup
+    press alt+o
+    screen_settles
+    press "$1"
+    wait_for_window Backup
     press Return
     bench_wait_for window_is_closed Backup
-    bench_wait_for takes_keys "$class"
+    screen_settles
 }
 
 copied_whole() {
@@ -43,12 +45,12 @@ nothing_on_the_disk() {
 # Asks for the assignment report; a box says that the printer failed.
 print_is_refused() {
     press ctrl+p
-    bench_wait_for takes_keys 'Print Method'
+    wait_for_window 'Print Method'
     write_text 4
     press Return
-    bench_wait_for takes_keys "$program_title"
+    wait_for_window "$program_title"
     press Return
-    bench_wait_for takes_keys "$class"
+    bench_wait_for window_is_closed "$program_title"
 }
 
 no_job_came_out() {

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <numeric>
 #include <vector>
 
 #include "core/Errors.h"
@@ -87,11 +88,21 @@ int GdiPrinter::textWidth(std::string_view text) {
 void GdiPrinter::printText(int left, int top, std::string_view text) {
     if (text.empty()) return;
     const std::wstring wide = toWide(text, codePage_);
-    // The printer's own advances are fractions of a dot: columns would drift apart.
-    const std::vector<int> advances(isFixedPitch_ ? wide.size() : 0, characterWidth_);
+    // The printer's own advances are not quite those that were measured: columns would drift apart,
+    // and narrowed characters run into what stands behind them.
+    const std::vector<int> advances = advancesOf(wide);
     require(::ExtTextOutW(printer_.get(), left, top, 0, nullptr, wide.c_str(),
-                          static_cast<UINT>(wide.size()),
-                          advances.empty() ? nullptr : advances.data()) != 0);
+                          static_cast<UINT>(wide.size()), advances.data()) != 0);
+}
+
+std::vector<int> GdiPrinter::advancesOf(const std::wstring& text) const {
+    if (isFixedPitch_) return std::vector<int>(text.size(), characterWidth_);
+    std::vector<int> advances(text.size());
+    SIZE size{};
+    require(::GetTextExtentExPointW(printer_.get(), text.c_str(), static_cast<int>(text.size()), 0,
+                                    nullptr, advances.data(), &size) != 0);
+    std::adjacent_difference(advances.begin(), advances.end(), advances.begin());
+    return advances;
 }
 
 void GdiPrinter::beginPage() {

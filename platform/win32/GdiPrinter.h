@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/CodePage.h"
 #include "core/ports/Printer.h"
@@ -23,6 +24,8 @@ class GdiPrinter final : public Printer {
     void printText(int left, int top, std::string_view text) override;
 
   private:
+    /// The dots from each character of `text` to the next in the selected font.
+    std::vector<int> advancesOf(const std::wstring& text) const;
     void beginPage();
     void endPage();
     void selectCurrentFont();

@@ -15,7 +15,6 @@ namespace {
 
 constexpr DWORD paintingPause = 25;  // milliseconds
 constexpr int paintingTries = 40;
-constexpr DWORD startingTimeout = 10'000;
 
 bool overlaps(const RECT& first, const RECT& second) {
     RECT common{};

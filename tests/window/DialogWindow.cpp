@@ -55,7 +55,8 @@ Buttons buttonsOf(HWND messageBox) {
 
 std::optional<DialogWindow> answerableDialog(const RunningProgram& program) {
     for (HWND window : program.visibleWindows()) {
-        if (IsWindowEnabled(window) == 0) continue;
+        if (IsWindowEnabled(window) == 0 || classNameOf(window) == control_id::mainWindowClass)
+            continue;
         try {
             if (const auto kind = kindOf(window)) return DialogWindow{window, *kind};
         } catch (const WindowGone&) {

@@ -19,17 +19,9 @@ void endProcess(HANDLE process) {
     WaitForSingleObject(process, endingTimeout);
 }
 
-struct WindowSearch {
-    DWORD processId;
-    std::vector<HWND> found;
-};
-
-BOOL CALLBACK collectWindow(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<WindowSearch*>(parameter);
-    DWORD processId = 0;
-    GetWindowThreadProcessId(window, &processId);
-    if (processId == search.processId && IsWindowVisible(window) != 0)
-        search.found.push_back(window);
+BOOL CALLBACK collectVisibleWindow(HWND window, LPARAM parameter) {
+    auto& found = *reinterpret_cast<std::vector<HWND>*>(parameter);
+    if (IsWindowVisible(window) != 0) found.push_back(window);
     return TRUE;
 }
 
@@ -72,6 +64,7 @@ RunningProgram::RunningProgram(const std::filesystem::path& folder) {
     CloseHandle(process.hThread);
     process_.reset(process.hProcess);
     processId_ = process.dwProcessId;
+    threadId_ = process.dwThreadId;
 }
 
 RunningProgram::~RunningProgram() {
@@ -93,9 +86,9 @@ DWORD RunningProgram::exitCode() const {
 }
 
 std::vector<HWND> RunningProgram::visibleWindows() const {
-    WindowSearch search{processId_, {}};
-    EnumWindows(collectWindow, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    std::vector<HWND> found;
+    EnumThreadWindows(threadId_, collectVisibleWindow, reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 HWND RunningProgram::mainWindow() const {

@@ -40,6 +40,8 @@ class RunningProgram {
 
     UniqueHandle process_;
     DWORD processId_ = 0;
+    /// Of the one thread that has windows.
+    DWORD threadId_ = 0;
 };
 
 }  // namespace quorvel::scenario

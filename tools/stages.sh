@@ -1,15 +1,22 @@
 # shellcheck shell=bash
 # The stages of a test run and their totals. Sourced; `root` is the checkout.
 
-declare -a stage_lines=()
-total_passed=0
-total_failed=0
+# A line for each stage that came to its end, from wherever it ran.
+stage_totals=$(mktemp)
+# The process group of the stages that run beside others.
+stages_beside=
+
+end_stages() {
+    [[ -z $stages_beside ]] || kill -- -"$stages_beside" 2>/dev/null || true
+    wait
+    rm "$stage_totals"
+}
+trap end_stages EXIT
+trap 'exit 143' TERM INT
 
 add_stage() {
     local name=$1 passed=$2 failed=$3
-    stage_lines+=("$name: $passed passed, $failed failed")
-    total_passed=$((total_passed + passed))
-    total_failed=$((total_failed + failed))
+    echo "$name: $passed passed, $failed failed" >>"$stage_totals"
 }
 
 # run_stage NAME COMMAND...: shows what the command prints and adds the totals of its last line,
@@ -42,12 +49,34 @@ prepare() {
     exit 1
 }
 
+# run_beside FUNCTION OTHER: runs both, each with the stages that it names, one beside the other.
+# What the first prints is shown when both are done.
+run_beside() {
+    local log status=0
+    log=$(mktemp)
+    # With monitoring, what runs in the background is a process group and can be ended as a whole.
+    set -m
+    "$1" >"$log" 2>&1 &
+    stages_beside=$!
+    set +m
+    "$2"
+    wait "$stages_beside" || status=$?
+    stages_beside=
+    cat "$log"
+    rm "$log"
+    if [[ $status -ne 0 ]]; then
+        echo "$1 broke off (exit code $status)"
+        add_stage "$1" 0 1
+    fi
+}
+
 # The plain totals; the exit code is 0 when everything passed.
 print_totals() {
     echo
-    printf '%s\n' "${stage_lines[@]}"
-    echo "$total_passed passed, $total_failed failed"
-    [[ $total_failed -eq 0 && $total_passed -gt 0 ]]
+    cat "$stage_totals"
+    awk -F '[:,]' '{ passed += $(NF - 1); failed += $NF }
+        END { print passed + 0 " passed, " failed + 0 " failed"; exit failed > 0 || passed == 0 }' \
+        "$stage_totals"
 }
 
 # The scenarios are a stage of their own. A test that was skipped has not passed.

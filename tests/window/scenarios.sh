@@ -22,13 +22,13 @@ bench_of() {
         END { print screen, printer }' "$1" 2>/dev/null || echo "$usual_bench"
 }
 
-# run_on_bench NAME SCREEN PRINTER FILE...
+# run_on_bench LIST SCREEN PRINTER FILE...
 run_on_bench() {
-    local name=scenarios-$1 screen=$2 printer=$3
+    local list=$1 screen=$2 printer=$3
     shift 3
-    trap bench_close EXIT
+    trap 'echo "$?" >"$statuses/$list"; bench_close' EXIT
     trap 'exit 143' TERM
-    bench_open "$name" "$screen" "$printer"
+    bench_open "scenarios-$list" "$screen" "$printer"
     local arguments=(--program "$root/build/windows/Quorvel")
     [[ -z $QUORVEL_PRINTING ]] || arguments+=(--printing "$QUORVEL_PRINTING")
     bench_run $((seconds_at_least + seconds_for_each * $#)) \
@@ -77,7 +77,8 @@ add_totals() {
     local files finished
     files=$(grep -c '' "$lists/$list")
     finished=$(grep -c -E ': passed(,|$)' "$log" || true)
-    echo "the run on the bench $list broke off after $finished of $files files"
+    echo "the run on the bench $list broke off after $finished of $files files," \
+        "exit code $(cat "$statuses/$list")"
     passed=$((passed + finished))
     failed=$((failed + files - finished))
 }
@@ -96,12 +97,13 @@ main() {
     trap 'exit 143' TERM
     lists=$(mktemp -d)
     logs=$(mktemp -d)
+    statuses=$(mktemp -d)
     passed=0
     failed=0
     split_files "$@"
     run_lists
     for list in "$lists"/*; do add_totals "$(basename "$list")"; done
-    rm -r "$lists" "$logs"
+    rm -r "$lists" "$logs" "$statuses"
     echo "$passed passed, $failed failed"
     [[ $failed -eq 0 ]]
 }

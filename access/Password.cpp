@@ -15,15 +15,6 @@ constexpr std::string_view askForOld = "Enter Old Password Please...";
 constexpr std::string_view askForNew = "Enter New Password Please...";
 constexpr std::string_view askForConfirmation = "Confirm New Password Please...";
 
-PasswordStep closeWindow() {
-    return {.close = true, .caption = {}};
-}
-
-/// The window stays, with this caption.
-PasswordStep goOn(std::string_view caption) {
-    return {.close = false, .caption = std::string(caption)};
-}
-
 /// The password in force; empty when none is set.
 std::string readPassword(CommandContext& context) {
     const Bytes record =
@@ -50,7 +41,9 @@ class frmPWEdit {
     void show() {
         const std::string_view caption = changeStage_ == ChangeStage::Yes ? askForNew : askForOld;
         context_.ports.dialogs.passwordWindow(
-            caption, [this](std::string_view entry) { return submit(entry); });
+            caption, [this](std::string_view entry, const SetCaption& setCaption) {
+                return submit(entry, setCaption);
+            });
         if (failedAttempts_ == allowedAttempts) context_.window.endProgram();
     }
 
@@ -61,35 +54,35 @@ class frmPWEdit {
         YesConfirm,  // waiting for the new one once more
     };
 
-    PasswordStep submit(std::string_view entry) {
+    PasswordStep submit(std::string_view entry, const SetCaption& setCaption) {
         switch (changeStage_) {
             case ChangeStage::NotYet:
-                return takeOldPassword(entry);
+                return takeOldPassword(entry, setCaption);
             case ChangeStage::Yes:
                 newPassword_ = entry;
                 changeStage_ = ChangeStage::YesConfirm;
-                return askFor(askForConfirmation);
+                return askFor(askForConfirmation, setCaption);
             case ChangeStage::YesConfirm:
                 return takeConfirmation(entry);
         }
-        return closeWindow();
+        return PasswordStep::Close;
     }
 
-    PasswordStep takeOldPassword(std::string_view entry) {
+    PasswordStep takeOldPassword(std::string_view entry, const SetCaption& setCaption) {
         if (entry == storedPassword_) {
             changeStage_ = ChangeStage::Yes;
-            return askFor(askForNew);
+            return askFor(askForNew, setCaption);
         }
         Dialogs& dialogs = context_.ports.dialogs;
         if (++failedAttempts_ == allowedAttempts) {
             dialogs.message({.text = shuttingDown});
-            return closeWindow();
+            return PasswordStep::Close;
         }
         dialogs.message({.text = "Password Change Access Denied: The old password you gave is "
                                  "incorrect.  Please try again.",
                          .title = "Access Denied",
                          .icon = Icon::Critical});
-        return goOn(askForOld);
+        return PasswordStep::GoOn;
     }
 
     PasswordStep takeConfirmation(std::string_view entry) {
@@ -100,13 +93,14 @@ class frmPWEdit {
                                : "Password Not Changed: Password Mismatch (You typed two "
                                  "different passwords...try again please)",
              .title = "Edit Password"});
-        return closeWindow();
+        return PasswordStep::Close;
     }
 
     /// The instruction is the window's caption from now on, and is said once in a box, too.
-    PasswordStep askFor(std::string_view instruction) {
+    PasswordStep askFor(std::string_view instruction, const SetCaption& setCaption) {
+        setCaption(instruction);
         context_.ports.dialogs.message({.text = instruction});
-        return goOn(instruction);
+        return PasswordStep::GoOn;
     }
 
     CommandContext& context_;
@@ -122,17 +116,17 @@ bool frmPW(CommandContext& context) {
     const std::string storedPassword = readPassword(context);
     if (reloadForNew || storedPassword.empty()) return true;
 
-    constexpr std::string_view caption = "Enter Password Please...";
     Dialogs& dialogs = context.ports.dialogs;
     bool accepted = false;
     int failedAttempts = 0;
-    dialogs.passwordWindow(caption, [&](std::string_view entry) -> PasswordStep {
+    const auto submit = [&](std::string_view entry, const SetCaption&) {
         accepted = entry == storedPassword;
-        if (accepted) return closeWindow();
+        if (accepted) return PasswordStep::Close;
         const bool last = ++failedAttempts == allowedAttempts;
         dialogs.message({.text = last ? shuttingDown : "Access Denied: Try Again"});
-        return last ? closeWindow() : goOn(caption);
-    });
+        return last ? PasswordStep::Close : PasswordStep::GoOn;
+    };
+    dialogs.passwordWindow("Enter Password Please...", submit);
     return accepted;
 }
 

@@ -28,10 +28,14 @@ struct Message {
 };
 
 /// What a password window does after one entry was submitted.
-struct PasswordStep {
-    bool close = false;
-    std::string caption;  // the window's caption from now on
-};
+enum class PasswordStep { GoOn, Close };
+
+/// Gives the open password window another caption, at once.
+using SetCaption = std::function<void(std::string_view caption)>;
+
+/// Looks at an entry while the password window is still open.
+using SubmitPassword =
+    std::function<PasswordStep(std::string_view entry, const SetCaption& setCaption)>;
 
 /// Everything that asks the user something. Every call is modal and returns when it was answered.
 class Dialogs {
@@ -58,9 +62,7 @@ class Dialogs {
     /// Shows a window with a masked text box and a button "Submit", and calls `submit` with each
     /// entry until it asks to close. The box is empty again after each entry. Message boxes shown
     /// by `submit` belong to this window. Returns false when the window's close box ended it.
-    virtual bool passwordWindow(
-        std::string_view caption,
-        const std::function<PasswordStep(std::string_view entry)>& submit) = 0;
+    virtual bool passwordWindow(std::string_view caption, const SubmitPassword& submit) = 0;
 };
 
 }  // namespace quorvel

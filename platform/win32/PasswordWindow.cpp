@@ -49,8 +49,7 @@ std::string takeEntry(HWND entry, const CodePage& codePage) {
 }  // namespace
 
 bool showPasswordWindow(HWND owner, std::string_view caption, const CodePage& codePage,
-                        const std::function<void(HWND)>& opened,
-                        const std::function<PasswordStep(std::string_view)>& submit) {
+                        const std::function<void(HWND)>& opened, const SubmitPassword& submit) {
     const UniqueFont font = messageFont();
     bool finished = false;
     const auto create = [&](HWND dialog) {
@@ -61,12 +60,11 @@ bool showPasswordWindow(HWND owner, std::string_view caption, const CodePage& co
         if (id == IDCANCEL) return true;
         if (id != control_id::cmdPW) return false;
         const HWND entry = ::GetDlgItem(dialog, control_id::txtPW);
-        const PasswordStep step = submit(takeEntry(entry, codePage));
-        finished = step.close;
-        if (!finished) {
-            setWindowText(dialog, step.caption, codePage);
-            ::SetFocus(entry);
-        }
+        const SetCaption setCaption = [&](std::string_view text) {
+            setWindowText(dialog, text, codePage);
+        };
+        finished = submit(takeEntry(entry, codePage), setCaption) == PasswordStep::Close;
+        if (!finished) ::SetFocus(entry);
         return finished;
     };
     runModalDialog(owner, {.create = create, .choose = choose});

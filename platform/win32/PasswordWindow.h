@@ -13,7 +13,6 @@ namespace quorvel {
 /// Shows a window with a masked text box and a button "Submit". `opened` is told its handle, so
 /// that message boxes can belong to it. False when its close box ended it.
 bool showPasswordWindow(HWND owner, std::string_view caption, const CodePage& codePage,
-                        const std::function<void(HWND)>& opened,
-                        const std::function<PasswordStep(std::string_view)>& submit);
+                        const std::function<void(HWND)>& opened, const SubmitPassword& submit);
 
 }  // namespace quorvel

@@ -142,8 +142,7 @@ std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {
                      static_cast<float>(request.iPointSize) / pointParts};
 }
 
-bool WindowsDialogs::passwordWindow(
-    std::string_view caption, const std::function<PasswordStep(std::string_view entry)>& submit) {
+bool WindowsDialogs::passwordWindow(std::string_view caption, const SubmitPassword& submit) {
     const HWND owner = beginDialog();
     const KeptOwner kept(owner_);
     return showPasswordWindow(

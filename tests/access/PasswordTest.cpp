@@ -30,13 +30,19 @@ class Password : public CommandTest {
         dialogs.expectMessage("Access Denied", wrongOldPassword, Icon::Critical, Buttons::Ok,
                               Answer::Ok);
     }
+    /// The window says it already when the box comes.
+    void expectNextStep(std::string_view instruction) {
+        dialogs.expectMessage("Quorvel", instruction).whileOpen([this, instruction] {
+            EXPECT_EQ(dialogs.passwordCaption(), instruction);
+        });
+    }
     void giveOldPassword(std::string_view password) {
         dialogs.expectPassword(oldCaption, std::string(password));
-        dialogs.expectMessage("Quorvel", newCaption);
+        expectNextStep(newCaption);
     }
     void giveNewPassword(std::string_view password) {
         dialogs.expectPassword(newCaption, std::string(password));
-        dialogs.expectMessage("Quorvel", confirmCaption);
+        expectNextStep(confirmCaption);
     }
     void confirmPassword(std::string_view password) {
         dialogs.expectPassword(confirmCaption, std::string(password));

@@ -134,13 +134,14 @@ std::optional<PrintFont> ScriptedDialogs::chooseFont(const PrintFont& current) {
     return replyTo<std::optional<PrintFont>>(describe(current));
 }
 
-bool ScriptedDialogs::passwordWindow(
-    std::string_view caption, const std::function<PasswordStep(std::string_view entry)>& submit) {
-    PasswordStep step{.close = false, .caption = std::string(caption)};
-    while (!step.close) {
-        const auto entry = replyTo<std::optional<std::string>>(describePassword(step.caption));
+bool ScriptedDialogs::passwordWindow(std::string_view caption, const SubmitPassword& submit) {
+    passwordCaption_ = caption;
+    const SetCaption setCaption = [this](std::string_view text) { passwordCaption_ = text; };
+    PasswordStep step = PasswordStep::GoOn;
+    while (step == PasswordStep::GoOn) {
+        const auto entry = replyTo<std::optional<std::string>>(describePassword(passwordCaption_));
         if (!entry) return false;
-        step = submit(*entry);
+        step = submit(*entry, setCaption);
     }
     return true;
 }

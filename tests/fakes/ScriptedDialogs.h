@@ -41,6 +41,8 @@ class ScriptedDialogs final : public Dialogs {
     ScriptedDialogs& whileOpen(std::function<void()> check);
 
     bool allCame() const { return steps_.empty(); }
+    /// The caption that the password window shows, or showed last.
+    const std::string& passwordCaption() const { return passwordCaption_; }
 
     std::string prompt(const Prompt& prompt) override;
     Answer message(const Message& message) override;
@@ -49,8 +51,7 @@ class ScriptedDialogs final : public Dialogs {
     std::optional<std::filesystem::path> saveFile(
         std::string_view title, const std::filesystem::path& startFolder) override;
     std::optional<PrintFont> chooseFont(const PrintFont& current) override;
-    bool passwordWindow(std::string_view caption,
-                        const std::function<PasswordStep(std::string_view entry)>& submit) override;
+    bool passwordWindow(std::string_view caption, const SubmitPassword& submit) override;
 
   private:
     using Reply = std::variant<std::string, Answer, std::optional<std::filesystem::path>,
@@ -67,6 +68,7 @@ class ScriptedDialogs final : public Dialogs {
     ReplyKind replyTo(const std::string& dialog);
 
     std::deque<Step> steps_;
+    std::string passwordCaption_;
 };
 
 }  // namespace quorvel

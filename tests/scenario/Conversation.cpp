@@ -124,17 +124,17 @@ std::optional<PrintFont> Conversation::chooseFont(const PrintFont&) {
     return reply.font;
 }
 
-bool Conversation::passwordWindow(
-    std::string_view caption, const std::function<PasswordStep(std::string_view entry)>& submit) {
-    PasswordStep step;
-    step.caption = caption;
-    while (!step.close) {
+bool Conversation::passwordWindow(std::string_view caption, const SubmitPassword& submit) {
+    std::string shownCaption(caption);
+    const SetCaption setCaption = [&](std::string_view text) { shownCaption = text; };
+    PasswordStep step = PasswordStep::GoOn;
+    while (step == PasswordStep::GoOn) {
         Dialog dialog;
         dialog.kind = DialogKind::Password;
-        dialog.title = step.caption;
+        dialog.title = shownCaption;
         const Reply reply = ask(std::move(dialog));
         if (reply.cancelled) return false;
-        step = submit(reply.text);
+        step = submit(reply.text, setCaption);
     }
     return true;
 }

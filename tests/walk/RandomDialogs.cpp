@@ -132,17 +132,18 @@ std::optional<PrintFont> RandomDialogs::chooseFont(const PrintFont&) {
     return chosen;
 }
 
-bool RandomDialogs::passwordWindow(
-    std::string_view caption, const std::function<PasswordStep(std::string_view entry)>& submit) {
-    PasswordStep step{.close = false, .caption = std::string(caption)};
-    while (!step.close) {
-        const std::optional<std::string> entry = passwordFor(step.caption);
+bool RandomDialogs::passwordWindow(std::string_view caption, const SubmitPassword& submit) {
+    std::string shownCaption(caption);
+    const SetCaption setCaption = [&](std::string_view text) { shownCaption = text; };
+    PasswordStep step = PasswordStep::GoOn;
+    while (step == PasswordStep::GoOn) {
+        const std::optional<std::string> entry = passwordFor(shownCaption);
         Dialog dialog;
         dialog.kind = DialogKind::Password;
-        dialog.title = step.caption;
+        dialog.title = shownCaption;
         note(dialog, entry ? inQuotes(*entry) : std::string(cancel));
         if (!entry) return false;
-        step = submit(*entry);
+        step = submit(*entry, setCaption);
     }
     return true;
 }

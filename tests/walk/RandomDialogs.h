@@ -35,8 +35,7 @@ class RandomDialogs final : public Dialogs {
     std::optional<std::filesystem::path> saveFile(
         std::string_view title, const std::filesystem::path& startFolder) override;
     std::optional<PrintFont> chooseFont(const PrintFont& current) override;
-    bool passwordWindow(std::string_view caption,
-                        const std::function<PasswordStep(std::string_view entry)>& submit) override;
+    bool passwordWindow(std::string_view caption, const SubmitPassword& submit) override;
 
   private:
     std::optional<std::string> passwordFor(std::string_view caption);

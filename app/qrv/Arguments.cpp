@@ -14,21 +14,24 @@ namespace quorvel {
 namespace {
 
 constexpr int outputOption = 'o';
+/// The first option that has no letter.
 constexpr int longOption = 256;
 
-constexpr std::array<option, 14> knownOptions{{
+/// Each has a value of its own: only then does getopt_long refuse a shortened name that could be
+/// more than one.
+constexpr std::array<option, 13> knownOptions{{
     {"alias", no_argument, nullptr, longOption},
-    {"date", required_argument, nullptr, longOption},
-    {"help", no_argument, nullptr, longOption},
+    {"date", required_argument, nullptr, longOption + 1},
+    {"help", no_argument, nullptr, longOption + 2},
     {"output", required_argument, nullptr, outputOption},
-    {"round-up", no_argument, nullptr, longOption},
-    {"scale", required_argument, nullptr, longOption},
-    {"school", required_argument, nullptr, longOption},
-    {"settings", required_argument, nullptr, longOption},
-    {"student", required_argument, nullptr, longOption},
-    {"teacher", required_argument, nullptr, longOption},
-    {"time", required_argument, nullptr, longOption},
-    {"title", required_argument, nullptr, longOption},
+    {"round-up", no_argument, nullptr, longOption + 3},
+    {"scale", required_argument, nullptr, longOption + 4},
+    {"school", required_argument, nullptr, longOption + 5},
+    {"settings", required_argument, nullptr, longOption + 6},
+    {"student", required_argument, nullptr, longOption + 7},
+    {"teacher", required_argument, nullptr, longOption + 8},
+    {"time", required_argument, nullptr, longOption + 9},
+    {"title", required_argument, nullptr, longOption + 10},
     {nullptr, 0, nullptr, 0},
 }};
 

@@ -33,6 +33,9 @@ SIZE questionSize(HWND dialog, HFONT font, const std::wstring& question) {
 
 void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePage& codePage) {
     const std::wstring question = toWide(prompt.question, codePage);
+    // The limit of the box holds for what is typed only.
+    const std::wstring defaultAnswer =
+        toWide(prompt.defaultAnswer.substr(0, Dialogs::maximumAnswerLength), codePage);
     const SIZE size = questionSize(dialog, font, question);
     const int width = std::max(narrowestQuestion, static_cast<int>(size.cx));
     const int questionHeight = static_cast<int>(size.cy);
@@ -47,14 +50,13 @@ void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePa
                            .id = control_id::promptQuestion,
                            .place = {margin, margin, width, questionHeight},
                            .font = font});
-    const HWND answer =
-        createControl(dialog, {.windowClass = L"EDIT",
-                               .text = toWide(prompt.defaultAnswer, codePage).c_str(),
-                               .style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
-                               .extendedStyle = WS_EX_CLIENTEDGE,
-                               .id = control_id::promptAnswer,
-                               .place = {margin, answerTop, width, answerHeight},
-                               .font = font});
+    const HWND answer = createControl(dialog, {.windowClass = L"EDIT",
+                                               .text = defaultAnswer.c_str(),
+                                               .style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL,
+                                               .extendedStyle = WS_EX_CLIENTEDGE,
+                                               .id = control_id::promptAnswer,
+                                               .place = {margin, answerTop, width, answerHeight},
+                                               .font = font});
     createControl(dialog, {.windowClass = L"BUTTON",
                            .text = L"OK",
                            .style = WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON,

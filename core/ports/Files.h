@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -60,10 +61,11 @@ class Files {
     virtual bool remove(const std::filesystem::path& file) = 0;
     virtual bool exists(const std::filesystem::path& path) = 0;
     virtual bool createFolder(const std::filesystem::path& folder) = 0;
-    /// The files of a folder (not its subfolders) whose extension is `extension` in any case, such
-    /// as ".qrv", in the order of their names; empty when the folder cannot be read.
+    /// The files of a folder (not its subfolders) whose names end with `ending` in any case, such
+    /// as
+    /// ".qrv", in the order of their names; empty when the folder cannot be read.
     virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                                    const std::filesystem::path& extension) = 0;
+                                                    std::string_view ending) = 0;
     /// What `file` leads to where it is a link, so that what is put into its place goes there; else
     /// `file` itself.
     virtual std::filesystem::path followLink(const std::filesystem::path& file) { return file; }

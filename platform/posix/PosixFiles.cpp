@@ -205,15 +205,15 @@ bool PosixFiles::createFolder(const std::filesystem::path& folder) {
 }
 
 std::vector<std::filesystem::path> PosixFiles::list(const std::filesystem::path& folder,
-                                                    const std::filesystem::path& extension) {
-    const std::string wanted = lowerCase(extension.native());
+                                                    std::string_view ending) {
+    const std::string wanted = lowerCase(std::string(ending));
     std::vector<std::filesystem::path> files;
     std::error_code error;
     std::filesystem::directory_iterator entry(folder, error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         std::error_code unreadable;
         if (!entry->is_regular_file(unreadable)) continue;
-        if (lowerCase(entry->path().extension().native()) != wanted) continue;
+        if (!lowerCase(entry->path().filename().native()).ends_with(wanted)) continue;
         files.push_back(entry->path());
     }
     std::ranges::sort(files);

@@ -19,7 +19,7 @@ class PosixFiles final : public Files {
     bool exists(const std::filesystem::path& path) override;
     bool createFolder(const std::filesystem::path& folder) override;
     std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            const std::filesystem::path& extension) override;
+                                            std::string_view ending) override;
     std::filesystem::path followLink(const std::filesystem::path& file) override;
 };
 

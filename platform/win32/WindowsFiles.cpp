@@ -117,9 +117,10 @@ class WindowsOutputFile final : public OutputFile {
     UniqueHandle file_;
 };
 
-bool equalIgnoringCase(std::wstring_view left, std::wstring_view right) {
-    return ::CompareStringOrdinal(left.data(), static_cast<int>(left.size()), right.data(),
-                                  static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+bool endsIgnoringCase(std::wstring_view name, std::wstring_view ending) {
+    const std::wstring_view end = name.substr(name.size() - std::min(name.size(), ending.size()));
+    return ::CompareStringOrdinal(end.data(), static_cast<int>(end.size()), ending.data(),
+                                  static_cast<int>(ending.size()), TRUE) == CSTR_EQUAL;
 }
 
 /// A search through a folder, ended when it is destroyed.
@@ -203,13 +204,14 @@ bool WindowsFiles::createFolder(const std::filesystem::path& folder) {
 }
 
 std::vector<std::filesystem::path> WindowsFiles::list(const std::filesystem::path& folder,
-                                                      const std::filesystem::path& extension) {
+                                                      std::string_view ending) {
+    const std::wstring wanted(ending.begin(), ending.end());
     std::vector<std::filesystem::path> files;
     FolderSearch search(folder / L"*");
     if (!search.found()) return files;
     do {
         const std::filesystem::path name = search.name();
-        if (search.isFile() && equalIgnoringCase(name.extension().native(), extension.native()))
+        if (search.isFile() && endsIgnoringCase(name.native(), wanted))
             files.push_back(folder / name);
     } while (search.next());
     std::ranges::sort(files, {}, &std::filesystem::path::native);

@@ -125,8 +125,8 @@ bool FaultyFiles::createFolder(const std::filesystem::path& folder) {
 }
 
 std::vector<std::filesystem::path> FaultyFiles::list(const std::filesystem::path& folder,
-                                                     const std::filesystem::path& extension) {
-    return carryOut([&] { return disk_.list(folder, extension); });
+                                                     std::string_view ending) {
+    return carryOut([&] { return disk_.list(folder, ending); });
 }
 
 std::filesystem::path FaultyFiles::followLink(const std::filesystem::path& file) {

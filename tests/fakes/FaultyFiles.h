@@ -42,7 +42,7 @@ class FaultyFiles final : public Files {
     bool exists(const std::filesystem::path& path) override;
     bool createFolder(const std::filesystem::path& folder) override;
     std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            const std::filesystem::path& extension) override;
+                                            std::string_view ending) override;
     std::filesystem::path followLink(const std::filesystem::path& file) override;
 
   private:

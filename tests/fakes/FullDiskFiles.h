@@ -33,8 +33,8 @@ class FullDiskFiles final : public Files {
         return disk_.createFolder(folder);
     }
     std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            const std::filesystem::path& extension) override {
-        return disk_.list(folder, extension);
+                                            std::string_view ending) override {
+        return disk_.list(folder, ending);
     }
     std::filesystem::path followLink(const std::filesystem::path& file) override {
         return disk_.followLink(file);

@@ -61,11 +61,11 @@ class MemoryFiles final : public Files {
         return folders.insert(folder).second;
     }
     std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            const std::filesystem::path& extension) override {
+                                            std::string_view ending) override {
         std::vector<std::filesystem::path> found;
         for (const auto& [file, bytes] : files)
             if (file.parent_path() == folder &&
-                lowerCase(file.extension().string()) == lowerCase(extension.string()))
+                lowerCase(file.filename().string()).ends_with(ending))
                 found.push_back(file);
         return found;
     }

@@ -155,13 +155,13 @@ TEST_F(PosixFilesTest, AFolderThatIsThereIsAsGoodAsAFolderMade) {
     EXPECT_FALSE(files_.createFolder(folder_ / "missing" / "Grades"));
 }
 
-TEST_F(PosixFilesTest, ListsTheFilesOfAnExtensionInAnyCaseInTheOrderOfTheirNames) {
+TEST_F(PosixFilesTest, ListsTheFilesOfAnEndingInAnyCaseInTheOrderOfTheirNames) {
     for (const char* name : {"c.qrv", "A.QRV", "b.Qrv", "d.qrv.new", "qrv", ".qrv", "e.txt"}) {
         put(name, {});
     }
     files_.createFolder(folder_ / "folder.qrv");
-    EXPECT_EQ(files_.list(folder_, ".qrv"),
-              (std::vector{folder_ / "A.QRV", folder_ / "b.Qrv", folder_ / "c.qrv"}));
+    EXPECT_EQ(files_.list(folder_, ".qrv"), (std::vector{folder_ / ".qrv", folder_ / "A.QRV",
+                                                         folder_ / "b.Qrv", folder_ / "c.qrv"}));
     EXPECT_TRUE(files_.list(folder_ / "missing", ".qrv").empty());
 }
 

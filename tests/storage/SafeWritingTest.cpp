@@ -136,8 +136,8 @@ class NoNewFiles final : public Files {
     bool exists(const std::filesystem::path& path) override { return disk_.exists(path); }
     bool createFolder(const std::filesystem::path&) override { return false; }
     std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            const std::filesystem::path& extension) override {
-        return disk_.list(folder, extension);
+                                            std::string_view ending) override {
+        return disk_.list(folder, ending);
     }
 
   private:

@@ -53,7 +53,7 @@ teacher_start() {
     mkdir -p "$folder/Grades"
     cp -r "$root/build/windows/Quorvel/." "$folder/"
     cp "$root"/assets/samples/*.qrv "$folder/Grades/"
-    "$wine" "C:\\$1\\Quorvel.exe" >/dev/null 2>&1 </dev/null &
+    "${wine[@]}" "C:\\$1\\Quorvel.exe" >/dev/null 2>&1 </dev/null &
     teacher_program=$!
     wait_for_window "$program_title"
 }

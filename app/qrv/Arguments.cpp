@@ -14,26 +14,35 @@ namespace quorvel {
 namespace {
 
 constexpr int outputOption = 'o';
-/// The first option that has no letter.
+/// The values of options that have no letter begin here.
 constexpr int longOption = 256;
 
-/// Each has a value of its own: only then does getopt_long refuse a shortened name that could be
-/// more than one.
-constexpr std::array<option, 13> knownOptions{{
-    {"alias", no_argument, nullptr, longOption},
-    {"date", required_argument, nullptr, longOption + 1},
-    {"help", no_argument, nullptr, longOption + 2},
+using KnownOptions = std::array<option, 13>;
+
+/// Gives each option without a letter a value of its own: only then does getopt_long refuse a
+/// shortened name that could be more than one.
+constexpr KnownOptions toldApart(KnownOptions options) {
+    int next = longOption;
+    for (option& known : options)
+        if (known.name != nullptr && known.val == 0) known.val = next++;
+    return options;
+}
+
+constexpr KnownOptions knownOptions = toldApart({{
+    {"alias", no_argument, nullptr, 0},
+    {"date", required_argument, nullptr, 0},
+    {"help", no_argument, nullptr, 0},
     {"output", required_argument, nullptr, outputOption},
-    {"round-up", no_argument, nullptr, longOption + 3},
-    {"scale", required_argument, nullptr, longOption + 4},
-    {"school", required_argument, nullptr, longOption + 5},
-    {"settings", required_argument, nullptr, longOption + 6},
-    {"student", required_argument, nullptr, longOption + 7},
-    {"teacher", required_argument, nullptr, longOption + 8},
-    {"time", required_argument, nullptr, longOption + 9},
-    {"title", required_argument, nullptr, longOption + 10},
+    {"round-up", no_argument, nullptr, 0},
+    {"scale", required_argument, nullptr, 0},
+    {"school", required_argument, nullptr, 0},
+    {"settings", required_argument, nullptr, 0},
+    {"student", required_argument, nullptr, 0},
+    {"teacher", required_argument, nullptr, 0},
+    {"time", required_argument, nullptr, 0},
+    {"title", required_argument, nullptr, 0},
     {nullptr, 0, nullptr, 0},
-}};
+}});
 
 /// The option that getopt_long stumbled over: it names a letter in optopt, and has moved past a
 /// word.

@@ -61,9 +61,8 @@ class Files {
     virtual bool remove(const std::filesystem::path& file) = 0;
     virtual bool exists(const std::filesystem::path& path) = 0;
     virtual bool createFolder(const std::filesystem::path& folder) = 0;
-    /// The files of a folder (not its subfolders) whose names end with `ending` in any case, such
-    /// as
-    /// ".qrv", in the order of their names; empty when the folder cannot be read.
+    /// The files of a folder (not its subfolders) whose names end with `ending`, such as ".qrv", in
+    /// any case; in the order of their names. Empty when the folder cannot be read.
     virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
                                                     std::string_view ending) = 0;
     /// What `file` leads to where it is a link, so that what is put into its place goes there; else

@@ -65,7 +65,7 @@ class MemoryFiles final : public Files {
         std::vector<std::filesystem::path> found;
         for (const auto& [file, bytes] : files)
             if (file.parent_path() == folder &&
-                lowerCase(file.filename().string()).ends_with(ending))
+                lowerCase(file.filename().string()).ends_with(lowerCase(std::string(ending))))
                 found.push_back(file);
         return found;
     }

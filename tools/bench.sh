@@ -4,7 +4,7 @@
 
 # What starts a Windows program. The loader lies just below a page that every such program needs at
 # its fixed address. A heap placed at random takes that page now and then, and the program does not
-# start; without chance it never does. Not every container allows that.
+# start, so nothing is placed at random, where the system allows that.
 wine=(setarch --addr-no-randomize /usr/lib/wine/wine64)
 "${wine[@]:0:2}" true 2>/dev/null || wine=("${wine[@]:2}")
 readonly wine

@@ -90,7 +90,7 @@ bench_build_template() {
     mkdir -p "$(dirname "$template")"
     export WINEPREFIX=$template
     bench_quietly "${wine[@]}" wineboot -i
-    bench_quietly "${wine[@]}" regedit /S "$root/tests/window/wine.reg"
+    bench_quietly "${wine[@]}" regedit /S "$root/tests/realwindow/wine.reg"
     bench_quietly "${wine[@]}" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
     bench_stop_wine
     cp "$wine_fonts"/{marlett,tahoma,tahomabd,symbol}.ttf \
@@ -104,7 +104,7 @@ bench_template() {
     wanted=$({
         "${wine[@]}" --version
         declare -f bench_build_template bench_cut_home_links
-        cat "$root/tests/window/wine.reg"
+        cat "$root/tests/realwindow/wine.reg"
     } | sha256sum)
     (
         flock 9
@@ -134,9 +134,9 @@ bench_start_scheduler() {
         [[ $(basename "$file") == backend ]] || ln -s "$file" "$dir/bin/"
     done
     for file in cupsd.conf cups-files.conf; do
-        sed "s|@DIR@|$dir|" "$root/tests/window/cups/$file" >"$dir/etc/$file"
+        sed "s|@DIR@|$dir|" "$root/tests/realwindow/cups/$file" >"$dir/etc/$file"
     done
-    sed "s|@DIR@|$dir|" "$root/tests/window/cups/tofile" >"$dir/bin/backend/tofile"
+    sed "s|@DIR@|$dir|" "$root/tests/realwindow/cups/tofile" >"$dir/bin/backend/tofile"
     chmod 700 "$dir/bin/backend/tofile"
     cp /usr/sbin/cupsd "$dir/cupsd"
     if [[ $(id -u) -eq 0 ]]; then

@@ -101,5 +101,5 @@ headless_scenarios() {
 }
 
 window_scenarios() {
-    "$root/tests/window/scenarios.sh" "$@"
+    "$root/tests/realwindow/scenarios.sh" "$@"
 }

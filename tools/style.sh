@@ -95,7 +95,7 @@ check_mistakes() {
     native=$(sources_to_check "$native_build")
     # What both platforms build was looked at in the native build.
     windows=$(sources_to_check "$windows_build" |
-        grep -e '^platform/win32/' -e '^tests/window/' -e '^app/' || true)
+        grep -e '^platform/win32/' -e '^tests/realwindow/' -e '^app/' || true)
     mapfile -t arguments < <(windows_arguments)
     write_native_commands
     check_sources "$stamps" <<<"$native"

@@ -1,0 +1,149 @@
+#include "tests/realwindow/PrintedPage.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvel::scenario {
+
+namespace {
+
+/// Describes pages like the print queue of a bench does, in Courier New of 10 points: characters
+/// are 25 dots wide, lines 48 dots apart.
+class Paper {
+  public:
+    static constexpr int characterWidth = 25;
+    static constexpr int linePitch = 48;
+    static constexpr int ascent = 35;
+
+    Paper& page() {
+        description_ += pages_++ == 0 ? "<page>\n" : "</page>\n<page>\n";
+        return *this;
+    }
+    Paper& text(int column, int row, std::string_view text, int width = characterWidth) {
+        int left = (column - 1) * width;
+        for (const char character : text) {
+            draw(left, left + characterWidth, ascent + (row - 1) * linePitch,
+                 character == ' ' ? "&#xa0;" : std::string(1, character));
+            left += width;
+        }
+        return *this;
+    }
+    Paper& draw(int left, int right, int baseline, const std::string& written) {
+        const std::string y = " " + std::to_string(baseline) + " ";
+        const std::string box = "bbox=\"" + std::to_string(left) + y + std::to_string(right) +
+                                y.substr(0, y.size() - 1) + "\"";
+        description_ += "<span " + box + " font=\"" + font + "\" size=\"" + size + "\">\n<char " +
+                        box + " c=\"" + written + "\"/>\n</span>\n";
+        return *this;
+    }
+
+    std::vector<std::string> lines(std::string_view date = "11/21/2026") const {
+        const PrintedPages job = parsePrintedPages(description_ + "</page>\n");
+        return linesOf(job.pages.at(0), job.fonts.at(0), date);
+    }
+    PrintedPages parsed() const { return parsePrintedPages(description_ + "</page>\n"); }
+
+    std::string font = "LFKFMY+LiberationMono";
+    std::string size = "10.0800";
+
+  private:
+    std::string description_;
+    int pages_ = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+}  // namespace
+
+TEST(PrintedPage, CharactersStandInTheirColumns) {
+    Paper paper;
+    paper.page().text(1, 1, "Quiz 1").text(30, 1, "17").text(37, 1, "/").text(39, 1, "20");
+    EXPECT_EQ(paper.lines(), (Lines{"Quiz 1                       17     / 20"}));
+}
+
+TEST(PrintedPage, EmptyLinesAreKeptButNoneAtTheEnd) {
+    Paper paper;
+    paper.page().text(1, 3, "third").text(1, 6, "sixth").text(1, 7, "   ");
+    EXPECT_EQ(paper.lines(), (Lines{"", "", "third", "", "", "sixth"}));
+}
+
+TEST(PrintedPage, LinesThatStandCloserAreLinesAllTheSame) {
+    Paper paper;
+    paper.page();
+    for (int row = 0; row < 5; ++row)
+        paper.draw(0, 25, Paper::ascent + row * 37, std::string(1, static_cast<char>('a' + row)));
+    EXPECT_EQ(paper.lines(), (Lines{"a", "b", "c", "d", "e"}));
+}
+
+TEST(PrintedPage, ANarrowedLineKeepsItsColumns) {
+    Paper paper;
+    paper.page().text(1, 1, "wide line").text(1, 2, "narrow", 18).text(100, 2, "here", 18);
+    const Lines lines = paper.lines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0], "wide line");
+    EXPECT_EQ(lines[1], "narrow" + std::string(93, ' ') + "here");
+}
+
+TEST(PrintedPage, DateAndTimeReadDateAndTimeAndMoveNothing) {
+    Paper paper;
+    paper.page()
+        .text(1, 1, "11/21/2026 at 2:15:07 PM")
+        .text(1, 2, "School: A")
+        .text(96, 3, "11/21/2026");
+    paper.text(112, 3, "Page: 1");
+    EXPECT_EQ(paper.lines(),
+              (Lines{"DATE at TIME", "School: A",
+                     std::string(95, ' ') + "DATE" + std::string(12, ' ') + "Page: 1"}));
+}
+
+TEST(PrintedPage, AnotherDateStaysAsItWasPrinted) {
+    Paper paper;
+    paper.page().text(1, 1, "Class: 3/4/2026 at 2:15:07 PM");
+    EXPECT_EQ(paper.lines(), (Lines{"Class: 3/4/2026 at 2:15:07 PM"}));
+}
+
+TEST(PrintedPage, CharactersWrittenWithAnotherNameAreReadAsPrinted) {
+    Paper paper;
+    paper.page();
+    int left = 0;
+    for (const char* written :
+         {"&#xad;", "&lt;", "&amp;", "&gt;", "&quot;", "&apos;", "&#xe9;", "&#x20ac;", ">"}) {
+        paper.draw(left, left + 25, Paper::ascent, written);
+        left += Paper::characterWidth;
+    }
+    EXPECT_EQ(paper.lines(), (Lines{"-<&>\"'\xE9\x80>"}));
+}
+
+TEST(PrintedPage, ProportionalTextIsReadWithoutGaps) {
+    Paper paper;
+    paper.font = "LiberationSans";
+    paper.page()
+        .draw(0, 33, Paper::ascent, "W")
+        .draw(33, 39, Paper::ascent, "i")
+        .draw(39, 60, Paper::ascent, "n");
+    EXPECT_EQ(paper.lines(), (Lines{"Win"}));
+}
+
+TEST(PrintedPage, FontsGoByTheNamesAndSizesOfTheProgram) {
+    EXPECT_EQ(fontOf({"LiberationMono", 9.84}), (PrintFont{"Courier New", 9.75F}));
+    EXPECT_EQ(fontOf({"LiberationSans", 12.0}), (PrintFont{"Arial", 12.0F}));
+    EXPECT_EQ(fontOf({"LiberationSerif", 10.08}), (PrintFont{"Times New Roman", 10.0F}));
+    EXPECT_EQ(fontOf({"DejaVuSans", 8.16}), (PrintFont{"DejaVuSans", 8.25F}));
+}
+
+TEST(PrintedPage, EveryPageAndEveryFontCountsOnce) {
+    Paper paper;
+    paper.page().text(1, 1, "one").page().text(1, 1, "two");
+    paper.size = "9.8400";
+    paper.text(1, 2, "smaller");
+    const PrintedPages job = paper.parsed();
+    EXPECT_EQ(job.pages.size(), 2U);
+    EXPECT_EQ(job.fonts.size(), 2U);
+    EXPECT_EQ(job.fonts[0].name, "LiberationMono");
+}
+
+TEST(PrintedPage, ADescriptionOfAnotherKindIsAnError) {
+    EXPECT_THROW(parsePrintedPages("<page>\n<char c=\"a\"/>\n</page>\n"), ScenarioError);
+    EXPECT_THROW(parsePrintedPages("<char bbox=\"0 1 2 3\" c=\"a\"/>\n"), ScenarioError);
+}
+
+}  // namespace quorvel::scenario

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include <windows.h>
+
+#include "tests/realwindow/Bench.h"
+#include "tests/realwindow/DialogWindow.h"
+#include "tests/realwindow/PrintQueue.h"
+#include "tests/realwindow/ProgramFolder.h"
+#include "tests/realwindow/QueueMark.h"
+#include "tests/realwindow/RunningProgram.h"
+#include "tests/scenario/Driver.h"
+
+namespace quorvel::scenario {
+
+/// Runs a scenario in the real window, from outside: posts the messages that mouse and keys are,
+/// presses the buttons of real dialogs, and believes only what is on the screen, on the disk and on
+/// paper.
+class WindowDriver final : public Driver {
+  public:
+    /// The bench must outlive the driver.
+    explicit WindowDriver(const Bench& bench);
+
+    std::string programFolderText() const override;
+    std::filesystem::path resolve(std::string_view path) const override;
+
+    bool setScreen(ScreenSize size) override;
+    bool storePassword(std::string_view password) override;
+    bool setPrinter(PrinterState state) override;
+    bool setDiskFull(bool full) override;
+
+    bool start() override;
+    bool chooseMenu(std::string_view entry) override;
+    bool click(double x, double y) override;
+    bool clickControl(std::string_view name) override;
+    bool type(std::string_view text) override;
+    bool pressKey(std::string_view key) override;
+    bool moveScrollBar(std::string_view bar, int position) override;
+    bool closeWindow() override;
+    bool endSession() override;
+
+    std::optional<Dialog> openDialog() override;
+    void answer(const Reply& reply) override;
+
+    bool hasEnded() override;
+    std::optional<std::string> windowCaption() override;
+    std::optional<std::string> text(std::string_view name) override;
+    std::optional<std::uint32_t> colour(std::string_view name) override;
+    std::optional<bool> visible(std::string_view name) override;
+    std::optional<bool> focused(std::string_view name) override;
+    std::optional<ClickPoint> position(std::string_view name) override;
+    std::optional<std::string> selectedText(std::string_view name) override;
+    std::optional<BarState> scrollBar(std::string_view name) override;
+
+    std::optional<int> glyphAt(Surface surface, int x, int y) override;
+    int visibleColumns() override;
+    int rightColumnsShift() override;
+
+    std::optional<std::vector<PrintedJob>> printedJobs() override;
+    std::optional<std::vector<FileCopy>> copies() override;
+    std::optional<std::vector<std::string>> launches() override;
+
+    /// The process of the program under way.
+    HANDLE process() const;
+
+  private:
+    /// The main window, when the program runs and shows it; throws ScenarioError where it does not.
+    HWND mainWindow() const;
+    HWND control(std::string_view name) const;
+    /// What the user did begins to change what is on the screen.
+    void beginAction();
+    void clickAt(HWND window, int x, int y);
+
+    // Waiting for the program.
+    std::optional<DialogWindow> settledDialog();
+    bool isStillClosing(const DialogWindow& dialog) const;
+    bool staysOpen(const DialogWindow& passwordWindow) const;
+    bool isIdle();
+    bool goOnEndingSession();
+
+    // Looking at the window.
+    using RecentFiles = std::array<std::string, recentFileCount>;
+    const std::optional<RecentFiles>& recentFiles();
+    std::optional<std::string> menuEntryText(std::string_view name);
+    std::optional<bool> menuEntryIsVisible(std::string_view name);
+    const Picture& clientPicture();
+    /// Whether something lies over a part of the client area.
+    bool isCovered(const RECT& area) const;
+    RECT clientAreaOf(HWND child) const;
+
+    const Bench& bench_;
+    ProgramFolder folder_;
+    PrintQueue queue_;
+    std::unique_ptr<RunningProgram> program_;
+
+    QueueMark mark_;
+    std::optional<DialogWindow> dialog_;    // as openDialog() gave it
+    std::optional<DialogWindow> answered_;  // the last one that was
+    bool sessionEnds_ = false;
+    std::optional<Picture> clientPicture_;
+    std::optional<RecentFiles> recentFiles_;
+};
+
+}  // namespace quorvel::scenario

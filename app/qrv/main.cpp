@@ -1,7 +1,7 @@
 #include <csignal>
 
-#include "app/qrv/Qrv.h"
 #include "platform/posix/PosixFiles.h"
+#include "qrv/Qrv.h"
 
 int main(int argc, char** argv) {
     // Writing to a reader that is gone fails instead of killing the program.

@@ -1,6 +1,6 @@
-#include "app/qrv/Qrv.h"
 #include "platform/win32/CommandLine.h"
 #include "platform/win32/WindowsFiles.h"
+#include "qrv/Qrv.h"
 
 int main() {
     const quorvel::Utf8Output output;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs qrv on generated sheets and CSV files and compares every byte with what model.py expects.
 
-    python3 tests/qrv/compare.py --qrv build/native/qrv --count 2000
+    python3 tests/qrv/compare.py --qrv build/native/bin/qrv --count 2000
 
 Sheets are of two kinds: such as the program writes, and hostile ones (odd types, damaged records, cut
 files, wild counts). The last line is `N sheets, N differences`; each difference leaves its input in the

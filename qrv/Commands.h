@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/qrv/Arguments.h"
 #include "core/CodePage.h"
 #include "core/ports/Files.h"
+#include "qrv/Arguments.h"
 
 namespace quorvel {
 

@@ -1,9 +1,9 @@
 #include <ctime>
 
-#include "app/qrv/Commands.h"
-#include "app/qrv/Input.h"
-#include "app/qrv/Problem.h"
 #include "core/Errors.h"
+#include "qrv/Commands.h"
+#include "qrv/Input.h"
+#include "qrv/Problem.h"
 #include "reports/Report.h"
 #include "reports/TextPrinter.h"
 

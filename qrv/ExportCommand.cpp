@@ -1,8 +1,8 @@
-#include "app/qrv/Commands.h"
-#include "app/qrv/Csv.h"
-#include "app/qrv/Input.h"
-#include "app/qrv/Problem.h"
-#include "app/qrv/SafeText.h"
+#include "qrv/Commands.h"
+#include "qrv/Csv.h"
+#include "qrv/Input.h"
+#include "qrv/Problem.h"
+#include "qrv/SafeText.h"
 
 namespace quorvel {
 

@@ -1,6 +1,6 @@
-#include "app/qrv/Commands.h"
-#include "app/qrv/Input.h"
-#include "app/qrv/SheetCheck.h"
+#include "qrv/Commands.h"
+#include "qrv/Input.h"
+#include "qrv/SheetCheck.h"
 
 namespace quorvel {
 

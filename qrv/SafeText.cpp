@@ -1,4 +1,4 @@
-#include "app/qrv/SafeText.h"
+#include "qrv/SafeText.h"
 
 #include <span>
 

@@ -1,11 +1,11 @@
-#include "app/qrv/Arguments.h"
+#include "qrv/Arguments.h"
 
 #include <array>
 #include <charconv>
 #include <limits>
 #include <system_error>
 
-#include "app/qrv/Problem.h"
+#include "qrv/Problem.h"
 
 #include <getopt.h>
 

@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/qrv/Commands.h"
-#include "app/qrv/Csv.h"
-#include "app/qrv/Input.h"
-#include "app/qrv/Problem.h"
 #include "core/Errors.h"
 #include "core/Numbers.h"
+#include "qrv/Commands.h"
+#include "qrv/Csv.h"
+#include "qrv/Input.h"
+#include "qrv/Problem.h"
 #include "storage/RecordFile.h"
 #include "storage/SheetFile.h"
 

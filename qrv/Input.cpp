@@ -1,10 +1,10 @@
-#include "app/qrv/Input.h"
+#include "qrv/Input.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <limits>
 
-#include "app/qrv/Problem.h"
+#include "qrv/Problem.h"
 #include "storage/SheetFile.h"
 
 namespace quorvel {

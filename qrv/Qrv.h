@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/qrv/Commands.h"
+#include "qrv/Commands.h"
 
 namespace quorvel {
 

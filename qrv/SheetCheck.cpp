@@ -1,4 +1,4 @@
-#include "app/qrv/SheetCheck.h"
+#include "qrv/SheetCheck.h"
 
 #include <algorithm>
 #include <cmath>

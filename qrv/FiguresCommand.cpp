@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "app/qrv/Commands.h"
-#include "app/qrv/Input.h"
 #include "core/Numbers.h"
+#include "qrv/Commands.h"
+#include "qrv/Input.h"
 
 namespace quorvel {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/qrv/Commands.h"
 #include "core/GradeSheet.h"
+#include "qrv/Commands.h"
 #include "storage/Settings.h"
 
 namespace quorvel {

@@ -1,4 +1,4 @@
-#include "app/qrv/Commands.h"
+#include "qrv/Commands.h"
 
 #include <array>
 

@@ -1,11 +1,11 @@
-#include "app/qrv/Qrv.h"
+#include "qrv/Qrv.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
-#include "app/qrv/Problem.h"
+#include "qrv/Problem.h"
 
 namespace quorvel {
 

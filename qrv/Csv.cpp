@@ -1,4 +1,4 @@
-#include "app/qrv/Csv.h"
+#include "qrv/Csv.h"
 
 #include <algorithm>
 #include <utility>

@@ -74,7 +74,7 @@ void mnuEditSchoolName(CommandContext& context) {
         showCritical(context, "Edit School Name Cancelled", cancellation);
     else
         context.state.schoolName = name;
-    writeSchoolName(context);
+    writeSchoolName(context.ports.files, context.state);
 }
 
 void mnuEditTN(CommandContext& context) {
@@ -86,7 +86,7 @@ void mnuEditTN(CommandContext& context) {
         showCritical(context, "Edit Teacher Name Cancelled", cancellation);
     else
         context.state.teacherName = name;
-    writeTeacherName(context);
+    writeTeacherName(context.ports.files, context.state);
 }
 
 void mnuGradingScale(CommandContext& context) {
@@ -98,7 +98,7 @@ void mnuGradingScale(CommandContext& context) {
         dialogs.message({.text = "Grading Scale Change Aborted",
                          .title = "Grading Scale",
                          .icon = Icon::Information});
-        writeGradingScale(context);
+        writeGradingScale(context.ports.files, context.state);
         return;
     }
 
@@ -110,7 +110,7 @@ void mnuGradingScale(CommandContext& context) {
     scale.roundUp = roundUp == Answer::Yes ? GradingScale::roundUpOn : GradingScale::roundUpOff;
     for (std::size_t grade = 0; grade < percentages->size(); ++grade)
         scale.minimums[grade] = static_cast<std::int16_t>(roundHalfEven((*percentages)[grade]));
-    writeGradingScale(context);
+    writeGradingScale(context.ports.files, context.state);
     context.window.RefreshGrid();
 }
 
@@ -124,7 +124,7 @@ void mnuFont(CommandContext& context) {
     const Answer correct = dialogs.message(
         {.text = question, .title = "Change Default Font", .buttons = Buttons::YesNo});
     if (correct == Answer::Yes)
-        writeChosenPrintFont(context);
+        writeChosenPrintFont(context.ports.files, context.state);
     else
         dialogs.message({.text = "Change Default Font Canceled"});
 }

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "storage/RecentFiles.h"
 #include "storage/RecordFile.h"
 
 namespace quorvel {
@@ -34,29 +33,35 @@ std::string readName(Files& files, const std::filesystem::path& programFolder,
     return RecordReader(bytes).text();
 }
 
-void writeSettingsFile(CommandContext& context, std::string_view name, const RecordWriter& writer) {
-    writeRecords(context.ports.files, context.state.inProgramFolder(name), writer.bytes());
+void readRecentFiles(Files& files, WorkingState& state) {
+    const Bytes bytes = readSettingsFile(files, state.programFolder, settingsFile::recentFiles,
+                                         state.recentFiles.size());
+    RecordReader reader(bytes);
+    for (std::string& file : state.recentFiles) file = reader.text();
 }
 
-void writeName(CommandContext& context, std::string_view file, std::string_view name) {
+void writeSettingsFile(Files& files, const WorkingState& state, std::string_view name,
+                       const RecordWriter& writer) {
+    writeRecords(files, state.inProgramFolder(name), writer.bytes());
+}
+
+void writeName(Files& files, const WorkingState& state, std::string_view file,
+               std::string_view name) {
     RecordWriter writer;
     writer.text(name);
-    writeSettingsFile(context, file, writer);
+    writeSettingsFile(files, state, file, writer);
 }
 
-void writePrintFont(CommandContext& context, std::string_view file) {
-    const PrintFont& font = context.state.printFont;
+void writePrintFont(Files& files, const WorkingState& state, std::string_view file) {
     RecordWriter writer;
-    writer.taggedValue(font.name);
-    writer.taggedValue(font.size);
-    writeSettingsFile(context, file, writer);
+    writer.taggedValue(state.printFont.name);
+    writer.taggedValue(state.printFont.size);
+    writeSettingsFile(files, state, file, writer);
 }
 
 }  // namespace
 
-void readSettings(CommandContext& context) {
-    WorkingState& state = context.state;
-    Files& files = context.ports.files;
+void readSettings(Files& files, WorkingState& state) {
     files.createFolder(gradesFolder(state));
     state.exitAfterSave = false;
     state.isDirty = false;
@@ -69,13 +74,12 @@ void readSettings(CommandContext& context) {
     state.teacherName = reader.text();
     state.schoolName = readName(files, state.programFolder, settingsFile::schoolName);
     state.teacherName = readName(files, state.programFolder, settingsFile::teacherName);
-    readRecentFiles(context);
+    readRecentFiles(files, state);
 }
 
-void readPrintFont(CommandContext& context) {
-    WorkingState& state = context.state;
-    const Bytes bytes = readSettingsFile(context.ports.files, state.programFolder,
-                                         settingsFile::printFont, printFontRecords);
+void readPrintFont(Files& files, WorkingState& state) {
+    const Bytes bytes =
+        readSettingsFile(files, state.programFolder, settingsFile::printFont, printFontRecords);
     RecordReader reader(bytes);
     std::string name = textOf(reader.taggedValue());
     const auto size = static_cast<float>(numberOf(reader.taggedValue()));
@@ -85,27 +89,32 @@ void readPrintFont(CommandContext& context) {
         return;
     }
     state.printFont = {std::string(firstFontName), firstFontSize};
-    writePrintFont(context, settingsFile::printFont);
+    writePrintFont(files, state, settingsFile::printFont);
 }
 
-void writeGradingScale(CommandContext& context) {
-    const GradingScale& scale = context.state.gradingScale;
+void writeGradingScale(Files& files, const WorkingState& state) {
     RecordWriter writer;
-    for (const std::int16_t minimum : scale.minimums) writer.integer(minimum);
-    writer.text(scale.roundUp);
-    writeSettingsFile(context, settingsFile::gradingScale, writer);
+    for (const std::int16_t minimum : state.gradingScale.minimums) writer.integer(minimum);
+    writer.text(state.gradingScale.roundUp);
+    writeSettingsFile(files, state, settingsFile::gradingScale, writer);
 }
 
-void writeSchoolName(CommandContext& context) {
-    writeName(context, settingsFile::schoolName, context.state.schoolName);
+void writeSchoolName(Files& files, const WorkingState& state) {
+    writeName(files, state, settingsFile::schoolName, state.schoolName);
 }
 
-void writeTeacherName(CommandContext& context) {
-    writeName(context, settingsFile::teacherName, context.state.teacherName);
+void writeTeacherName(Files& files, const WorkingState& state) {
+    writeName(files, state, settingsFile::teacherName, state.teacherName);
 }
 
-void writeChosenPrintFont(CommandContext& context) {
-    writePrintFont(context, settingsFile::chosenPrintFont);
+void writeRecentFiles(Files& files, const WorkingState& state) {
+    RecordWriter writer;
+    for (const std::string& file : state.recentFiles) writer.text(file);
+    writeSettingsFile(files, state, settingsFile::recentFiles, writer);
+}
+
+void writeChosenPrintFont(Files& files, const WorkingState& state) {
+    writePrintFont(files, state, settingsFile::chosenPrintFont);
 }
 
 std::filesystem::path gradesFolder(const WorkingState& state) {

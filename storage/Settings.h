@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/CommandContext.h"
+#include "core/WorkingState.h"
+#include "core/ports/Files.h"
 
 namespace quorvel {
 
@@ -22,17 +23,18 @@ inline constexpr std::string_view chosenPrintFont = "DefaultPrintFont.vzr";
 
 /// Creates the Grades folder and reads grading scale, school name, teacher name and recent files
 /// with their defaults into the state (start-up's steps before the layout is chosen).
-void readSettings(CommandContext& context);
+void readSettings(Files& files, WorkingState& state);
 
 /// Reads the print font; where the file gives none, the first default is taken and written to it.
-void readPrintFont(CommandContext& context);
+void readPrintFont(Files& files, WorkingState& state);
 
 /// Each writes the setting in force to its file in the program's folder. Failures are not reported.
-void writeGradingScale(CommandContext& context);
-void writeSchoolName(CommandContext& context);
-void writeTeacherName(CommandContext& context);
+void writeGradingScale(Files& files, const WorkingState& state);
+void writeSchoolName(Files& files, const WorkingState& state);
+void writeTeacherName(Files& files, const WorkingState& state);
+void writeRecentFiles(Files& files, const WorkingState& state);
 /// Writes the font to a file that start-up does not read: it is in force until the program ends.
-void writeChosenPrintFont(CommandContext& context);
+void writeChosenPrintFont(Files& files, const WorkingState& state);
 
 /// The folder that sheets are kept in.
 std::filesystem::path gradesFolder(const WorkingState& state);

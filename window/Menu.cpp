@@ -6,12 +6,12 @@
 #include "access/Password.h"
 #include "commands/AssignmentCommands.h"
 #include "commands/DetailCommands.h"
+#include "commands/FileCommands.h"
 #include "commands/FileUtilities.h"
 #include "commands/HelpCommands.h"
 #include "commands/ScoreCommands.h"
 #include "commands/StudentCommands.h"
 #include "reports/PrintCommand.h"
-#include "storage/FileCommands.h"
 
 namespace quorvel {
 

@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "access/Password.h"
-#include "storage/FileCommands.h"
+#include "commands/FileCommands.h"
+#include "commands/RecentFiles.h"
 #include "storage/Settings.h"
 #include "window/Menu.h"
 
@@ -45,18 +46,18 @@ void frmQRV::start() {
 }
 
 void frmQRV::Form_Load() {
-    CommandContext program = context();
     controls_ = Controls{};
     firstVisibleAssignment_ = firstListedAssignment_ = firstVisibleStudent_ = 0;
     state_.currentAssignment = state_.currentStudent = 0;
     layout_ = layoutFor(ports_.shell.screenSize());
     bindScrollBars();
 
-    readSettings(program);
+    readSettings(ports_.files, state_);
+    showRecentFiles(state_);
     state_.saveMode = SaveMode::SaveAs;
     sheet_.fillEmptyScores();
     canvas_.load(state_.programFolder, layout_.small ? CanvasSize::Small : CanvasSize::Wide);
-    readPrintFont(program);
+    readPrintFont(ports_.files, state_);
     RefreshGrid();
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "storage/Settings.h"
-#include "tests/storage/TestProgram.h"
+#include "tests/fakes/TestProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -36,17 +36,13 @@ TEST_F(Settings, AFirstRunInAnEmptyFolderTakesTheDefaults) {
     state.schoolName = "left over";
     state.teacherName = "left over";
     state.recentFiles[0] = "left over";
-    state.mnuPFile[8] = {.caption = "left over", .visible = true};
-    readSettings(program);
-    readPrintFont(program);
+    readSettings(disk, state);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.gradingScale.minimums, defaultMinimums);
     EXPECT_EQ(state.gradingScale.roundUp, "0");
     EXPECT_EQ(state.schoolName, "");
     EXPECT_EQ(state.teacherName, "");
-    for (std::size_t index = 0; index < recentFileCount; ++index) {
-        EXPECT_EQ(state.recentFiles[index], "");
-        EXPECT_EQ(state.mnuPFile[index], MenuEntry());
-    }
+    for (const std::string& file : state.recentFiles) EXPECT_EQ(file, "");
     EXPECT_TRUE(files.folders.contains(grades));
     EXPECT_EQ(state.printFont, (PrintFont{"Courier New", 10}));
     EXPECT_EQ(file("DefaultPrintFont.qrv"), courierNew10());
@@ -58,7 +54,7 @@ TEST_F(Settings, StartUpClearsTheFlagsOfTheRunBeforeButNotTheOpenedRecentFile) {
     state.isDirty = true;
     state.openFromRecent = true;
     reloadForNew = true;
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_FALSE(state.exitAfterSave);
     EXPECT_FALSE(state.isDirty);
     EXPECT_FALSE(reloadForNew);
@@ -70,8 +66,8 @@ TEST_F(Settings, ReadsEveryFileMadeByHand) {
     putFile("SchoolName.qrv", textRecord("Elm Street School", 0xCC));
     putFile("TN.qrv", textRecord("Ms. Doe", 0xCC));
     putFile("DefaultPrintFont.qrv", fontFile("Arial", size11));
-    readSettings(program);
-    readPrintFont(program);
+    readSettings(disk, state);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.gradingScale, (GradingScale{{90, 80, 70, 60, 50}, "0.5"}));
     EXPECT_EQ(state.schoolName, "Elm Street School");
     EXPECT_EQ(state.teacherName, "Ms. Doe");
@@ -81,35 +77,35 @@ TEST_F(Settings, ReadsEveryFileMadeByHand) {
 
 TEST_F(Settings, AFirstMinimumOfZeroBringsAllFiveDefaultsBack) {
     putFile("GradingScale.qrv", scaleFile({0, 85, 75, 65, 55}, "0.5"));
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_EQ(state.gradingScale, (GradingScale{defaultMinimums, "0.5"}));
 }
 
 TEST_F(Settings, AnyOtherScaleIsTakenAsItStands) {
     putFile("GradingScale.qrv", scaleFile({-1, 0, 200, 0, 32767}, "maybe"));
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_EQ(state.gradingScale, (GradingScale{{-1, 0, 200, 0, 32767}, "maybe"}));
 }
 
 TEST_F(Settings, AScaleFileCutShortReadsAsZerosAndNoRoundUp) {
     putFile("GradingScale.qrv", firstBytes(scaleFile({90, 80, 70, 60, 50}, "0.5"), 2 * 128 + 1));
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_EQ(state.gradingScale, (GradingScale{{90, 80, 0, 0, 0}, "0"}));
 }
 
 TEST_F(Settings, ARecordBehindTheScaleDoesNotBecomeTheTeachersName) {
     putFile("GradingScale.qrv",
             scaleFile({90, 80, 70, 60, 50}, "0") + textRecord("not the teacher"));
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_EQ(state.teacherName, "");
     putFile("TN.qrv", textRecord("Ms. Doe"));
-    readSettings(program);
+    readSettings(disk, state);
     EXPECT_EQ(state.teacherName, "Ms. Doe");
 }
 
 TEST_F(Settings, WritesTheScaleByteForByte) {
     state.gradingScale = {{90, 80, 70, 60, -1}, "0.5"};
-    writeGradingScale(program);
+    writeGradingScale(disk, state);
     EXPECT_EQ(file("GradingScale.qrv"),
               joined({recordWith(hex("5A 00")), recordWith(hex("50 00")), recordWith(hex("46 00")),
                       recordWith(hex("3C 00")), recordWith(hex("FF FF")),
@@ -119,8 +115,8 @@ TEST_F(Settings, WritesTheScaleByteForByte) {
 TEST_F(Settings, WritesNamesByteForByteAndCutToARecord) {
     state.schoolName = "Elm";
     state.teacherName = std::string(127, 'x');
-    writeSchoolName(program);
-    writeTeacherName(program);
+    writeSchoolName(disk, state);
+    writeTeacherName(disk, state);
     EXPECT_EQ(file("SchoolName.qrv"), recordWith(hex("03 00 45 6C 6D")));
     EXPECT_EQ(file("TN.qrv"), recordWith(hex("7E 00"), 'x'));
     EXPECT_EQ(files.files.size(), 2U);
@@ -129,16 +125,16 @@ TEST_F(Settings, WritesNamesByteForByteAndCutToARecord) {
 TEST_F(Settings, AChosenFontIsWrittenWhereStartUpDoesNotReadIt) {
     putFile("DefaultPrintFont.qrv", fontFile("Arial", size11));
     state.printFont = {"Courier New", 10};
-    writeChosenPrintFont(program);
+    writeChosenPrintFont(disk, state);
     EXPECT_EQ(file("DefaultPrintFont.vzr"), courierNew10());
     EXPECT_EQ(file("DefaultPrintFont.qrv"), fontFile("Arial", size11));
-    readPrintFont(program);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.printFont, (PrintFont{"Arial", 11}));
 }
 
 TEST_F(Settings, TheFileOfTheChosenFontAloneGivesNoFont) {
     putFile("DefaultPrintFont.vzr", fontFile("Arial", size11));
-    readPrintFont(program);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.printFont, (PrintFont{"Courier New", 10}));
 }
 
@@ -156,7 +152,7 @@ TEST_F(Settings, AFontWithoutANameOrASizeIsReplacedByTheFirstOne) {
     };
     for (const Bytes& bytes : incomplete) {
         putFile("DefaultPrintFont.qrv", bytes);
-        readPrintFont(program);
+        readPrintFont(disk, state);
         EXPECT_EQ(state.printFont, (PrintFont{"Courier New", 10}));
         const Bytes written = *file("DefaultPrintFont.qrv");
         EXPECT_EQ(written, courierNew10());
@@ -165,10 +161,10 @@ TEST_F(Settings, AFontWithoutANameOrASizeIsReplacedByTheFirstOne) {
 
 TEST_F(Settings, AFontSizeOfAnyTypeIsANumber) {
     putFile("DefaultPrintFont.qrv", fontFile("Arial", hex("02 00 0C 00")));
-    readPrintFont(program);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.printFont, (PrintFont{"Arial", 12}));
     putFile("DefaultPrintFont.qrv", fontFile("Arial", hex("08 00 04 00 39 2E 37 35")));
-    readPrintFont(program);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.printFont, (PrintFont{"Arial", 9.75F}));
 }
 
@@ -195,8 +191,8 @@ TEST_F(Settings, AReportWithoutSettingsHasTheDefaults) {
 
 TEST_F(Settings, StartUpGoesOnWhereNothingCanBeWritten) {
     files.readOnly = true;
-    readSettings(program);
-    readPrintFont(program);
+    readSettings(disk, state);
+    readPrintFont(disk, state);
     EXPECT_EQ(state.printFont, (PrintFont{"Courier New", 10}));
     EXPECT_TRUE(files.files.empty());
 }
@@ -204,7 +200,7 @@ TEST_F(Settings, StartUpGoesOnWhereNothingCanBeWritten) {
 TEST_F(Settings, AnyFailureWhileTheScaleIsWrittenLeavesTheOldOneOrTheNewOne) {
     const Bytes old = scaleFile({90, 80, 70, 60, 50}, "0.5");
     putFile("GradingScale.qrv", old);
-    writeGradingScale(program);
+    writeGradingScale(disk, state);
     const int operations = disk.operations();
     const Bytes renewed = *file("GradingScale.qrv");
     ASSERT_NE(renewed, old);
@@ -213,7 +209,7 @@ TEST_F(Settings, AnyFailureWhileTheScaleIsWrittenLeavesTheOldOneOrTheNewOne) {
         for (int operation = 1; operation <= operations; ++operation) {
             putFile("GradingScale.qrv", old);
             disk.breakAt(operation, fault);
-            writeGradingScale(program);
+            writeGradingScale(disk, state);
             const Bytes bytes = *file("GradingScale.qrv");
             EXPECT_TRUE(bytes == old || bytes == renewed) << operation;
             files.files.clear();

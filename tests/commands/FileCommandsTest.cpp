@@ -1,7 +1,7 @@
 #include <optional>
 
-#include "storage/FileCommands.h"
-#include "tests/storage/FileCommandsFixture.h"
+#include "commands/FileCommands.h"
+#include "tests/fakes/FileCommandsFixture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,11 @@
-#include "storage/RecentFiles.h"
+#include "commands/RecentFiles.h"
 
 #include <array>
 #include <cstddef>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
 #include "core/Paths.h"
-#include "storage/RecordFile.h"
 #include "storage/Settings.h"
 
 namespace quorvel {
@@ -34,13 +32,8 @@ void insertFirst(MenuEntries& entries, std::string_view caption) {
 
 }  // namespace
 
-void readRecentFiles(CommandContext& context) {
-    WorkingState& state = context.state;
-    const Bytes bytes = readSettingsFile(context.ports.files, state.programFolder,
-                                         settingsFile::recentFiles, recentFileCount);
-    RecordReader reader(bytes);
+void showRecentFiles(WorkingState& state) {
     for (std::size_t index = 0; index < recentFileCount; ++index) {
-        state.recentFiles[index] = reader.text();
         MenuEntry& entry = state.mnuPFile[index];
         // A stored folder without a name in it gives a visible entry without a text.
         entry.visible = !state.recentFiles[index].empty();
@@ -53,16 +46,12 @@ void updateRecentFiles(CommandContext& context) {
     const std::string path = pathText(state.currentPath, *state.codePage);
     removeCaption(state.mnuPFile, path);
     insertFirst(state.mnuPFile, path);
-
-    RecordWriter writer;
     for (std::size_t index = 0; index < recentFileCount; ++index) {
         MenuEntry& entry = state.mnuPFile[index];
         entry.visible = !entry.caption.empty();
         state.recentFiles[index] = entry.caption;
-        writer.text(entry.caption);
     }
-    writeRecords(context.ports.files, state.inProgramFolder(settingsFile::recentFiles),
-                 writer.bytes());
+    writeRecentFiles(context.ports.files, state);
 }
 
 }  // namespace quorvel

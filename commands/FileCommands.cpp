@@ -1,4 +1,4 @@
-#include "storage/FileCommands.h"
+#include "commands/FileCommands.h"
 
 #include <array>
 #include <filesystem>
@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "commands/RecentFiles.h"
 #include "core/Paths.h"
-#include "storage/RecentFiles.h"
 #include "storage/Settings.h"
 #include "storage/SheetFile.h"
 

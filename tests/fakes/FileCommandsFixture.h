@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "tests/storage/TestProgram.h"
+#include "tests/fakes/TestProgram.h"
 
 namespace quorvel {
 

@@ -2,8 +2,9 @@
 #include <string>
 #include <vector>
 
-#include "storage/RecentFiles.h"
-#include "tests/storage/TestProgram.h"
+#include "commands/RecentFiles.h"
+#include "storage/Settings.h"
+#include "tests/fakes/TestProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -14,6 +15,10 @@ using Texts = std::vector<std::string>;
 
 class RecentFiles : public TestProgram {
   protected:
+    void startUp() {
+        readSettings(disk, state);
+        showRecentFiles(state);
+    }
     /// Opens or saves the sheet of this path, as far as the list is concerned.
     void use(const std::filesystem::path& path) {
         state.currentPath = path;
@@ -48,16 +53,23 @@ Bytes listFile(const Texts& texts) {
 TEST_F(RecentFiles, StartUpShowsBareNamesAndKeepsWhatWasStored) {
     const Texts texts{"C:\\Q\\Grades\\a.qrv", "b.qrv", "D:c.qrv", "", "", "", "", "", ""};
     putFile("LS.qrv", listFile(texts));
-    readRecentFiles(program);
+    startUp();
     EXPECT_EQ(stored(), texts);
     EXPECT_EQ(captions(), (Texts{"a.qrv", "b.qrv", "D:c.qrv", "", "", "", "", "", ""}));
     EXPECT_EQ(visibleCount(), 3);
     EXPECT_EQ(file("LS.qrv"), listFile(texts));
 }
 
+TEST_F(RecentFiles, StartUpWithoutAListEmptiesEveryEntry) {
+    showCaptions({"left over"});
+    state.mnuPFile[8] = {.caption = "left over", .visible = true};
+    startUp();
+    for (const MenuEntry& entry : state.mnuPFile) EXPECT_EQ(entry, MenuEntry());
+}
+
 TEST_F(RecentFiles, AnEntryIsVisibleByWhatWasStoredEvenWhenNoNameIsLeftToShow) {
     putFile("LS.qrv", listFile({"C:\\Grades\\", "", "c.qrv"}));
-    readRecentFiles(program);
+    startUp();
     EXPECT_EQ(state.mnuPFile[0], (MenuEntry{.caption = "", .visible = true}));
     EXPECT_FALSE(state.mnuPFile[1].visible);
     EXPECT_TRUE(state.mnuPFile[2].visible);
@@ -65,7 +77,7 @@ TEST_F(RecentFiles, AnEntryIsVisibleByWhatWasStoredEvenWhenNoNameIsLeftToShow) {
 
 TEST_F(RecentFiles, ATenthStoredEntryIsNotRead) {
     putFile("LS.qrv", listFile({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
-    readRecentFiles(program);
+    startUp();
     EXPECT_EQ(captions(), (Texts{"1", "2", "3", "4", "5", "6", "7", "8", "9"}));
 }
 
@@ -127,7 +139,7 @@ TEST_F(RecentFiles, ComparesLetterForLetter) {
 
 TEST_F(RecentFiles, ABareNameOfTheLastRunIsNeverTheSameAsAFullPath) {
     putFile("LS.qrv", listFile({"\\Quorvel\\Grades\\a.qrv"}));
-    readRecentFiles(program);
+    startUp();
     use("/Quorvel/Grades/a.qrv");
     const Texts expected{"\\Quorvel\\Grades\\a.qrv", "a.qrv", "", "", "", "", "", "", ""};
     EXPECT_EQ(captions(), expected);
@@ -136,7 +148,7 @@ TEST_F(RecentFiles, ABareNameOfTheLastRunIsNeverTheSameAsAFullPath) {
 
 TEST_F(RecentFiles, AnEntryIsHiddenAsSoonAsItsCaptionIsEmpty) {
     putFile("LS.qrv", listFile({"C:\\Grades\\"}));
-    readRecentFiles(program);
+    startUp();
     use("/a.qrv");
     EXPECT_FALSE(state.mnuPFile[1].visible);
 }

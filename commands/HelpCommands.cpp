@@ -4,6 +4,7 @@
 
 #include "commands/Version.h"
 #include "core/Errors.h"
+#include "core/ProgramName.h"
 
 namespace quorvel {
 

@@ -7,15 +7,14 @@
 
 #include "core/CodePage.h"
 #include "core/GradingScale.h"
+#include "core/MenuEntry.h"
+#include "core/PrintFont.h"
 
 namespace quorvel {
 
 /// Set by New just before the main window is reloaded: the password is then not asked for, and
 /// closing the window does not end the program. Start-up of the main window clears it.
 inline bool reloadForNew = false;
-
-/// The program's name: the title of every message box that has none of its own.
-inline constexpr const char* programName = "Quorvel";
 
 inline constexpr int recentFileCount = 9;
 
@@ -24,22 +23,6 @@ enum class SaveMode { Save, SaveAs };
 
 /// What a save does when it is done. No command sets Unload; the hook is kept.
 enum class AfterSaveAction { None, Unload };
-
-struct PrintFont {
-    std::string name;
-    float size = 0;  // points
-
-    bool operator==(const PrintFont&) const = default;
-};
-
-/// An entry of the menu whose text or visibility changes while the program runs.
-struct MenuEntry {
-    std::string caption;
-    bool visible = false;
-    bool enabled = true;
-
-    bool operator==(const MenuEntry&) const = default;
-};
 
 /// What the program keeps beside the sheet while it runs.
 struct WorkingState {

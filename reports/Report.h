@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "core/GradeSheet.h"
-#include "core/WorkingState.h"
+#include "core/PrintFont.h"
 #include "core/ports/Printer.h"
 
 namespace quorvel {

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "access/Password.h"
+#include "core/ProgramName.h"
 #include "platform/win32/FormWindow.h"
 #include "platform/win32/GdiCanvas.h"
 #include "platform/win32/GdiPrinter.h"

@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/WorkingState.h"
+#include "core/PrintFont.h"
+#include "core/ProgramName.h"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/WorkingState.h"
+#include "core/PrintFont.h"
 
 namespace quorvel {
 

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "core/CodePage.h"
-#include "core/WorkingState.h"
+#include "core/MenuEntry.h"
 #include "platform/win32/Handles.h"
 
 namespace quorvel {

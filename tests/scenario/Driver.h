@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/GradeSheet.h"
+#include "core/WorkingState.h"
 #include "core/ports/Canvas.h"
 #include "tests/scenario/Scenario.h"
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/TaggedValue.h"
-#include "core/WorkingState.h"
+#include "core/PrintFont.h"
 #include "core/ports/Dialogs.h"
 #include "core/ports/Shell.h"
 #include "window/CanvasPlaces.h"

@@ -31,11 +31,10 @@ struct TextBox {
     bool operator==(const TextBox&) const = default;
 };
 
-/// The in-place editor over one cell of the grid.
+/// The in-place editor over one cell of the grid. It has the focus while it is visible.
 struct CellEditor {
     std::string text;
     bool visible = false;
-    bool focused = false;
     int openings = 0;  // grows by one whenever the editor was opened, over whichever cell
     int left = 0;      // client pixels
     int top = 0;

@@ -22,11 +22,8 @@ constexpr int enterKey = 13;
 }  // namespace
 
 void frmQRV::Form_MouseDown(double x, double y) {
-    if (controls_.txtEnter.visible) {
-        commitEntry();
-        hideEditor();
-    }
-    if (!hitsCell(x, y) || !openEditor(x, y)) hideEditor();
+    hideEditor();
+    if (hitsCell(x, y)) openEditor(x, y);
     RefreshGrid();
 }
 
@@ -42,13 +39,13 @@ bool frmQRV::hitsCell(double x, double y) const {
            y < rowPitch * shownRows + areaTop;
 }
 
-bool frmQRV::openEditor(double x, double y) {
+void frmQRV::openEditor(double x, double y) {
     const int column = static_cast<int>(roundHalfEven(x)) / columnPitch;
     const int row = static_cast<int>(roundHalfEven(y)) / rowPitch;
-    const int assignment = column - columnsLeftOfCanvas + firstVisibleAssignment_;
-    const int student = row - 1 + firstVisibleStudent_;
-    if (assignment < 1 || assignment > sheet_.assignmentCount()) return false;
-    if (student < 1 || student > sheet_.studentCount()) return false;
+    const int assignment = column - columnsLeftOfCanvas + firstVisibleAssignment();
+    const int student = row - 1 + firstVisibleStudent();
+    if (assignment < 1 || assignment > sheet_.assignmentCount()) return;
+    if (student < 1 || student > sheet_.studentCount()) return;
 
     state_.currentAssignment = static_cast<std::int16_t>(assignment);
     state_.currentStudent = static_cast<std::int16_t>(student);
@@ -58,9 +55,7 @@ bool frmQRV::openEditor(double x, double y) {
     txtEnter.visible = true;
     txtEnter.text = sheet_.score(assignment, student).text();
     ++txtEnter.openings;
-    txtEnter.focused = true;
     txtEnter_GotFocus();
-    return true;
 }
 
 void frmQRV::txtEnter_GotFocus() {
@@ -79,30 +74,19 @@ void frmQRV::txtEnter_KeyDown(int keyCode) {
     if (keyCode == enterKey) hideEditor();
 }
 
-void frmQRV::txtEnter_LostFocus() {
-    state_.isDirty = true;
-    commitEntry();
-    RefreshGrid();
+void frmQRV::hideEditor() {
+    if (!controls_.txtEnter.visible) return;
+    controls_.txtEnter.visible = false;
+    txtEnter_LostFocus();
 }
 
-void frmQRV::commitEntry() {
+void frmQRV::txtEnter_LostFocus() {
+    state_.isDirty = true;
     std::string& text = controls_.txtEnter.text;
     const Score score = scoreFromEntry(state_.codePage->upperCase(text));
     text = score.text();
     sheet_.setScore(state_.currentAssignment, state_.currentStudent, score);
-}
-
-void frmQRV::leaveEditor() {
-    hideEditor();
-}
-
-void frmQRV::hideEditor() {
-    CellEditor& txtEnter = controls_.txtEnter;
-    if (!txtEnter.visible) return;
-    txtEnter.visible = false;
-    if (!txtEnter.focused) return;
-    txtEnter.focused = false;
-    txtEnter_LostFocus();
+    RefreshGrid();
 }
 
 }  // namespace quorvel

@@ -11,21 +11,6 @@
 
 namespace quorvel {
 
-namespace {
-
-constexpr std::string_view studentNameHeading = "Student Name";
-constexpr std::string_view studentAliasHeading = "Student Alias";
-constexpr std::string_view rowNumberHeading = "#";
-constexpr std::string_view rankHeading = "SR";
-
-void toggleHeading(Label& heading, std::string_view usual, std::string_view other) {
-    const bool backToUsual = heading.caption != usual;
-    heading.caption = backToUsual ? usual : other;
-    heading.background = backToUsual ? headingGrey : headingRed;
-}
-
-}  // namespace
-
 frmQRV::frmQRV(const Ports& ports, std::filesystem::path programFolder,
                std::filesystem::path passwordFile, const CodePage& codePage)
     : ports_(ports), canvas_(ports_.canvas) {
@@ -47,7 +32,7 @@ void frmQRV::start() {
 
 void frmQRV::Form_Load() {
     controls_ = Controls{};
-    firstVisibleAssignment_ = firstListedAssignment_ = firstVisibleStudent_ = 0;
+    resetHeadings();
     state_.currentAssignment = state_.currentStudent = 0;
     layout_ = layoutFor(ports_.shell.screenSize());
     bindScrollBars();
@@ -62,7 +47,7 @@ void frmQRV::Form_Load() {
 }
 
 void frmQRV::chooseMenu(int item) {
-    leaveEditor();
+    hideEditor();
     const MenuItem& chosen = menuItems()[static_cast<std::size_t>(item)];
     CommandContext program = context();
     try {
@@ -74,18 +59,20 @@ void frmQRV::chooseMenu(int item) {
 }
 
 void frmQRV::lblStudent_Click() {
-    leaveEditor();
-    toggleHeading(controls_.lblStudent, studentNameHeading, studentAliasHeading);
+    hideEditor();
+    nameColumn_ = showsAliases() ? NameColumn::Names : NameColumn::Aliases;
     RefreshGrid();
 }
 
 void frmQRV::lblSN_Click() {
-    leaveEditor();
-    toggleHeading(controls_.lblSN, rowNumberHeading, rankHeading);
+    hideEditor();
+    numberColumn_ =
+        numberColumn_ == NumberColumn::Ranks ? NumberColumn::RowNumbers : NumberColumn::Ranks;
     RefreshGrid();
 }
 
 void frmQRV::scroll(ScrollBar Controls::*bar, int position) {
+    hideEditor();
     (controls_.*bar).moveTo(position);
 }
 
@@ -97,19 +84,16 @@ void frmQRV::bindScrollBars() {
 
 void frmQRV::hsbA_Change() {
     hideEditor();
-    firstVisibleAssignment_ = static_cast<std::int16_t>(controls_.hsbA.position());
     RefreshGrid();
 }
 
 void frmQRV::vsbA_Change() {
     hideEditor();
-    firstListedAssignment_ = static_cast<std::int16_t>(controls_.vsbA.position());
     RefreshGrid();
 }
 
 void frmQRV::vsbS_Change() {
     hideEditor();
-    firstVisibleStudent_ = static_cast<std::int16_t>(controls_.vsbS.position());
     RefreshGrid();
 }
 
@@ -118,8 +102,8 @@ void frmQRV::setCaption(std::string_view caption) {
 }
 
 void frmQRV::resetHeadings() {
-    controls_.lblSN = Label{std::string(rowNumberHeading)};
-    controls_.lblStudent = Label{std::string(studentNameHeading)};
+    nameColumn_ = NameColumn::Names;
+    numberColumn_ = NumberColumn::RowNumbers;
 }
 
 void frmQRV::setStudentScrollMaximum(int maximum) {
@@ -128,11 +112,11 @@ void frmQRV::setStudentScrollMaximum(int maximum) {
 }
 
 bool frmQRV::showsAliases() const {
-    return controls_.lblStudent.caption == studentAliasHeading;
+    return nameColumn_ == NameColumn::Aliases;
 }
 
 void frmQRV::closeBox() {
-    leaveEditor();
+    hideEditor();
     close();
 }
 

@@ -8,6 +8,7 @@
 #include "core/CommandContext.h"
 #include "window/Controls.h"
 #include "window/GlyphCanvas.h"
+#include "window/GridView.h"
 #include "window/Layout.h"
 
 namespace quorvel {
@@ -61,29 +62,30 @@ class frmQRV final : public MainWindow {
     void Form_MouseDown(double x, double y);
     void lblStudent_Click();
     void lblSN_Click();
-    /// The user moved a scroll bar.
+    /// The user used a scroll bar, whether it moves by that or not.
     void scroll(ScrollBar Controls::*bar, int position);
     /// The user changed the editor's text, or selected another part of it.
     void txtEnter_Change(std::string_view text);
     /// A key in the editor, as a virtual key code; 13 is Enter. Text arrives through
     /// txtEnter_Change.
     void txtEnter_KeyDown(int keyCode);
-    /// The focus went from the editor to something else.
-    void leaveEditor();
     /// The window's close box, and the end of the Windows session.
     void closeBox();
 
     const Controls& controls() const { return controls_; }
     const Layout& layout() const { return layout_; }
-    /// The assignment in the leftmost score column, the student in the top row: 1-based, 0 for
-    /// none.
-    int firstVisibleAssignment() const { return firstVisibleAssignment_; }
-    int firstVisibleStudent() const { return firstVisibleStudent_; }
+    /// What the scroll bars' positions mean, 1-based and 0 for none: the assignment in the leftmost
+    /// score column, the first one of the list, the student in the top row.
+    int firstVisibleAssignment() const { return controls_.hsbA.position(); }
+    int firstListedAssignment() const { return controls_.vsbA.position(); }
+    int firstVisibleStudent() const { return controls_.vsbS.position(); }
     const GradeSheet& sheet() const { return sheet_; }
     const WorkingState& state() const { return state_; }
 
     // What the commands ask of the window.
     void RefreshGrid() override;
+    /// Also called when the focus goes from the editor to something else. Without an entry under
+    /// way it does nothing.
     void hideEditor() override;
     void setCaption(std::string_view caption) override;
     void resetHeadings() override;
@@ -106,31 +108,21 @@ class frmQRV final : public MainWindow {
     void vsbS_Change();
 
     // RefreshGrid, step by step.
+    GridView view() const {
+        return {sheet_, layout_, firstVisibleStudent(), firstVisibleAssignment()};
+    }
     void setScrollRanges();
-    void clearCanvas();
+    void showHeadings();
     void showNames();
     void showRowNumbers();
     void showAssignmentList();
-    void drawColumnNumbers();
-    void drawScores();
-    void drawScore(int row, int column, int student, int assignment);
-
-    // The drawing of the class figures, which ends every refresh.
-    void drawClassFigures();
-    void drawResults(int row);
-    void showRanks();
-    void drawAssignmentAverages();
-    void drawClassAverage();
+    void showClassFigures();
 
     // In-place entry.
     bool hitsCell(double x, double y) const;
-    bool openEditor(double x, double y);
-    void commitEntry();
+    void openEditor(double x, double y);
     void txtEnter_GotFocus();
     void txtEnter_LostFocus();
-
-    int visibleStudents() const;
-    int visibleAssignments() const;
 
     GradeSheet sheet_;
     WorkingState state_;
@@ -139,9 +131,11 @@ class frmQRV final : public MainWindow {
     Layout layout_;
     GlyphCanvas canvas_;
 
-    std::int16_t firstVisibleAssignment_ = 0;
-    std::int16_t firstListedAssignment_ = 0;
-    std::int16_t firstVisibleStudent_ = 0;
+    /// What the two columns beside the grid show, and their headings say.
+    enum class NameColumn { Names, Aliases };
+    enum class NumberColumn { RowNumbers, Ranks };
+    NameColumn nameColumn_ = NameColumn::Names;
+    NumberColumn numberColumn_ = NumberColumn::RowNumbers;
 
     bool open_ = false;
     bool ended_ = false;

@@ -60,7 +60,7 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
       codePage_(codePage),
       controls_(codePage),
       editor_(codePage, {.enterKey = [this] { act([this] { form_.txtEnter_KeyDown(enterKey); }); },
-                         .tabKey = [this] { act([this] { form_.leaveEditor(); }); }}),
+                         .tabKey = [this] { act([this] { form_.hideEditor(); }); }}),
       accelerators_(createAccelerators()) {
     registerWindowClass(procedure);
     if (::CreateWindowExW(0, control_id::mainWindowClass, L"", windowStyle, CW_USEDEFAULT, 0, 0, 0,
@@ -169,7 +169,7 @@ void FormWindow::handleNotification(int control, int code) {
     if (code == EN_CHANGE && editor_.holdsNewText())
         act([this] { form_.txtEnter_Change(editor_.text()); });
     if (code == EN_KILLFOCUS && form_.controls().txtEnter.visible)
-        actAnyTime([this] { form_.leaveEditor(); });
+        actAnyTime([this] { form_.hideEditor(); });
 }
 
 void FormWindow::scroll(HWND bar, WPARAM scrollMessage) {

@@ -146,7 +146,7 @@ bool HeadlessDriver::clickControl(std::string_view control) {
     if (control == "lblStudent") return act([](frmQRV& form) { form.lblStudent_Click(); });
     if (control == "lblSN") return act([](frmQRV& form) { form.lblSN_Click(); });
     // A text box takes the focus.
-    if (textBoxNamed(control) != nullptr) return act([](frmQRV& form) { form.leaveEditor(); });
+    if (textBoxNamed(control) != nullptr) return act([](frmQRV& form) { form.hideEditor(); });
 
     const auto place = placeNamed(control);
     if (place == nullptr) failUnknown(control);
@@ -160,7 +160,7 @@ bool HeadlessDriver::clickControl(std::string_view control) {
 
 bool HeadlessDriver::type(std::string_view text) {
     const CellEditor& txtEnter = program().controls().txtEnter;
-    if (!txtEnter.visible || !txtEnter.focused) throw ScenarioError("no editor has the focus");
+    if (!txtEnter.visible) throw ScenarioError("no editor has the focus");
     const std::size_t kept = txtEnter.text.size() - txtEnter.selectionLength;
     std::string changed = txtEnter.text;
     changed.replace(txtEnter.selectionStart, txtEnter.selectionLength,
@@ -170,10 +170,10 @@ bool HeadlessDriver::type(std::string_view text) {
 
 bool HeadlessDriver::pressKey(std::string_view key) {
     const CellEditor& txtEnter = program().controls().txtEnter;
-    if (!txtEnter.visible || !txtEnter.focused) return act([](frmQRV&) {});
+    if (!txtEnter.visible) return act([](frmQRV&) {});
     if (key == "Enter") return act([](frmQRV& form) { form.txtEnter_KeyDown(enterKey); });
     if (key == "Escape") return act([](frmQRV& form) { form.txtEnter_KeyDown(escapeKey); });
-    if (key == "Tab") return act([](frmQRV& form) { form.leaveEditor(); });
+    if (key == "Tab") return act([](frmQRV& form) { form.hideEditor(); });
     return type(key);
 }
 

@@ -200,7 +200,7 @@ void Walk::pressSomeKey() {
     const std::string_view key = random_.chance(60) ? keys[0] : random_.oneOf(keys);
     log_.line("key " + std::string(key));
     if (key == "Tab")
-        form_->leaveEditor();
+        form_->hideEditor();
     else
         form_->txtEnter_KeyDown(key == "Enter" ? enterKey : escapeKey);
 }

@@ -46,7 +46,7 @@ class Walk {
     void noteOutcome();
 
     const CellEditor& txtEnter() const { return form_->controls().txtEnter; }
-    bool isTyping() const { return txtEnter().visible && txtEnter().focused; }
+    bool isTyping() const { return txtEnter().visible; }
 
     RandomNumbers random_;
     ScenarioLog& log_;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "storage/Reading.h"
 #include "storage/RecordFile.h"
 
 namespace quorvel {
@@ -17,9 +18,8 @@ constexpr std::string_view askForConfirmation = "Confirm New Password Please..."
 
 /// The password in force; empty when none is set.
 std::string readPassword(CommandContext& context) {
-    const Bytes record =
-        context.ports.files.read(context.state.passwordFile, recordSize).value_or(Bytes{});
-    return textOf(RecordReader(record).taggedValue());
+    const ReadBytes record = readBytes(context.ports.files, context.state.passwordFile, recordSize);
+    return textOf(RecordReader(record.bytes).taggedValue());
 }
 
 /// Failures are not reported. A password that a record cannot hold leaves the file as it is.

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "commands/RecentFiles.h"
 #include "core/Paths.h"
@@ -104,7 +105,8 @@ void loadSheet(CommandContext& context) {
     state.currentPath = *chosen;
     state.sheetFileName = currentFileName(state);
     updateRecentFiles(context);
-    readSheet(context.ports.files, state.inProgramFolder(state.currentPath), context.sheet);
+    SheetReading reading = readSheet(context.ports.files, state.inProgramFolder(state.currentPath));
+    context.sheet.replaceBy(std::move(reading.sheet));
     context.window.setCaption(state.sheetFileName);
     state.openFromRecent = false;
     state.isDirty = false;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/Paths.h"
+#include "storage/Reading.h"
 #include "storage/Settings.h"
 #include "storage/SheetFile.h"
 
@@ -16,7 +17,7 @@ namespace {
 void copyToFloppy(CommandContext& context, const std::filesystem::path& file) {
     std::filesystem::path copy = "A:\\";
     copy += file.filename();
-    context.ports.shell.copyFile(file, copy);
+    context.ports.files.copy(file, copy);
 }
 
 /// True when the disk was inserted and the copying may begin.
@@ -79,7 +80,7 @@ void mnuBackup1(CommandContext& context) {
 void mnuBackup(CommandContext& context) {
     if (!askForDisk(context)) return;
     for (const std::filesystem::path& file :
-         context.ports.files.list(gradesFolder(context.state), ".qrv"))
+         filesEndingWith(context.ports.files, gradesFolder(context.state), ".qrv"))
         copyToFloppy(context, file);
 }
 
@@ -100,8 +101,7 @@ void mnuCopy(CommandContext& context) {
     if (!file) return;
 
     // A file that cannot be read reads as one without students.
-    const Bytes bytes = context.ports.files.read(*file).value_or(Bytes{});
-    takeOverRoster(context.sheet, decodeSheet(bytes));
+    takeOverRoster(context.sheet, readSheet(context.ports.files, *file).sheet);
     context.window.setStudentScrollMaximum(context.sheet.studentCount());
     context.window.RefreshGrid();
 }

@@ -134,6 +134,11 @@ void GradeSheet::recreate(std::optional<int> studentCount, std::optional<int> as
     assignmentCountIsSet_ = assignmentCount.has_value();
 }
 
+void GradeSheet::replaceBy(GradeSheet other) {
+    other.classAverage_ = classAverage_;
+    *this = std::move(other);
+}
+
 void GradeSheet::fillEmptyScores() {
     const Score zero = Score::zero();
     for (Assignment& assignment : assignments_) {

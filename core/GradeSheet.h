@@ -73,6 +73,9 @@ class GradeSheet {
     /// is 0; one outside 0 to the maximum stops there.
     void recreate(std::optional<int> studentCount, std::optional<int> assignmentCount);
 
+    /// Becomes `other`; the class average stays the one that was computed last.
+    void replaceBy(GradeSheet other);
+
     /// Puts the whole number 0 into every empty cell.
     void fillEmptyScores();
 

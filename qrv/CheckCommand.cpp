@@ -1,6 +1,6 @@
 #include "qrv/Commands.h"
 #include "qrv/Input.h"
-#include "qrv/SheetCheck.h"
+#include "storage/SheetFile.h"
 
 namespace quorvel {
 
@@ -16,7 +16,9 @@ std::string line(const char* label, const std::optional<Number>& number) {
 Outcome check(const Arguments& arguments, Environment& environment) {
     settingsFor(arguments, environment);
     const std::string& path = arguments.operands.at(0);
-    const SheetCheck found = checkSheet(readFile(environment, path));
+    const Bytes bytes = readFile(environment, path);
+    RecordReader reader(bytes);
+    const SheetCheck found = checkSheet(reader);
     Outcome outcome;
     outcome.output = line("students", found.studentCount) +
                      line("assignments", found.assignmentCount) +

@@ -2,7 +2,7 @@
 #include "qrv/Csv.h"
 #include "qrv/Input.h"
 #include "qrv/Problem.h"
-#include "qrv/SafeText.h"
+#include "storage/SafeWriting.h"
 
 namespace quorvel {
 
@@ -38,7 +38,10 @@ Outcome exportSheet(const Arguments& arguments, Environment& environment) {
     const auto output = arguments.value("output");
     if (!output) return {std::move(csv), ""};
     requireWritable(*output);
-    if (!writeTextSafely(environment.files, pathOf(*output), csv)) {
+    const auto writeCsv = [&](OutputFile& file) {
+        return file.append(std::as_bytes(std::span(csv)));
+    };
+    if (!writeSafely(environment.files, pathOf(*output), OldRest::Cut, writeCsv)) {
         throw InputError(*output + ": cannot be written");
     }
     return {};

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "qrv/Problem.h"
+#include "storage/Reading.h"
 #include "storage/SheetFile.h"
 
 namespace quorvel {
@@ -41,9 +42,9 @@ std::filesystem::path pathOf(std::string_view path) {
 }
 
 Bytes readFile(Environment& environment, const std::string& path) {
-    auto bytes = environment.files.read(pathOf(path));
-    if (!bytes) throw InputError(path + ": cannot be read");
-    return std::move(*bytes);
+    ReadBytes read = readBytes(environment.files, pathOf(path));
+    if (read.problem != FileProblem::None) throw InputError(path + ": cannot be read");
+    return std::move(read.bytes);
 }
 
 ReportSettings settingsFor(const Arguments& arguments, Environment& environment) {

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <string>
 #include <type_traits>
 #include <utility>
 #include <variant>
+
+#include "storage/Reading.h"
+#include "storage/SafeWriting.h"
 
 namespace quorvel {
 
@@ -25,11 +27,7 @@ enum class TypeTag : std::uint16_t {
 };
 
 constexpr std::size_t tagSize = sizeof(TypeTag);
-/// What is read or written at a time: few calls, and small enough to stay near the processor.
-constexpr std::size_t blockSize = 2048 * recordSize;
-/// Names tried for a file beside the one to be written. One that is taken is left alone: it may be
-/// the user's, or what a crash left.
-constexpr int temporaryNames = 100;
+static_assert(blockSize % recordSize == 0);
 
 /// The little-endian number at the start of `bytes`; nothing when they are too few.
 template <typename Number>
@@ -46,22 +44,6 @@ std::optional<Number> numberAt(std::span<const std::byte> bytes) {
     } else {
         return static_cast<Number>(bits);
     }
-}
-
-/// The number as a tagged value; empty when there are too few bytes for it.
-template <typename Number>
-TaggedValue taggedNumberAt(std::span<const std::byte> bytes) {
-    const auto number = numberAt<Number>(bytes);
-    return number ? TaggedValue(*number) : TaggedValue();
-}
-
-/// The text behind a 2-byte length, as far as the bytes go; nothing without a length.
-std::optional<std::string_view> textAt(std::span<const std::byte> bytes) {
-    const auto length = numberAt<std::uint16_t>(bytes);
-    if (!length) return std::nullopt;
-    const auto characters = bytes.subspan(sizeof *length);
-    const std::size_t count = std::min<std::size_t>(*length, characters.size());
-    return std::string_view(reinterpret_cast<const char*>(characters.data()), count);
 }
 
 /// Puts a number at the start of `target`, little-endian, and gives what is left behind it.
@@ -102,128 +84,101 @@ struct TaggedValuePutter {
     }
 };
 
-/// A file being written beside another one. It is removed unless it took that one's place.
-class TemporaryFile {
-  public:
-    /// `output` writes the file `name`.
-    TemporaryFile(Files& files, std::filesystem::path name, std::unique_ptr<OutputFile> output)
-        : files_(files), name_(std::move(name)), output_(std::move(output)) {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() {
-        output_.reset();
-        if (!placed_) files_.remove(name_);
-    }
-
-    OutputFile& output() { return *output_; }
-
-    bool putInPlaceOf(const std::filesystem::path& target) {
-        output_.reset();  // an open file cannot be moved everywhere
-        placed_ = files_.replace(name_, target);
-        return placed_;
-    }
-
-  private:
-    Files& files_;
-    std::filesystem::path name_;
-    std::unique_ptr<OutputFile> output_;
-    bool placed_ = false;
-};
-
-/// A free name in the same folder that is no sheet's; nothing when all are taken.
-std::optional<std::filesystem::path> temporaryNameFor(Files& files,
-                                                      const std::filesystem::path& file) {
-    for (int number = 1; number <= temporaryNames; ++number) {
-        std::filesystem::path name = file;
-        name += ".new";
-        if (number > 1) name += std::to_string(number);
-        if (!files.exists(name)) return name;
-    }
-    return std::nullopt;
-}
-
-using Content = std::function<void(RecordStream&)>;
-
-/// The length written; nothing when not all of it could be.
-std::optional<std::uint64_t> writeContent(OutputFile& file, const Content& write) {
-    RecordStream stream(file);
-    write(stream);
-    stream.finish();
-    if (stream.failed()) return std::nullopt;
-    return stream.length();
-}
-
-/// Copies what `old` holds from `offset` on; a file that does not exist holds nothing.
-bool appendTail(Files& files, const std::filesystem::path& old, std::uint64_t offset,
-                OutputFile& file) {
-    const auto tail = files.readFrom(old, offset);
-    if (!tail) return !files.exists(old);
-    return tail->empty() || file.append(*tail);
-}
-
-bool writeOver(Files& files, const std::filesystem::path& file, const Content& write) {
-    const auto old = files.read(file);
-    if (!old && files.exists(file)) return false;
-    auto output = files.open(file, Files::OpenMode::WriteOver);
-    if (!output) return false;
-    if (writeContent(*output, write) && output->flush()) return true;
-    output.reset();
-    if (!old) {
-        files.remove(file);
-    } else if (auto restored = files.open(file, Files::OpenMode::WriteOver)) {
-        restored->append(*old);
-        restored->flush();
-    }
-    return false;
-}
-
 }  // namespace
 
 bool RecordReader::refill() {
     if (file_ == nullptr) return false;
     block_.resize(blockSize);
-    bytes_ = std::span(block_).first(file_->read(block_));
+    const auto count = file_->read(block_);
+    brokeOff_ = !count;
+    bytes_ = std::span(block_).first(count.value_or(0));
     if (bytes_.size() < block_.size()) file_ = nullptr;
     return !bytes_.empty();
 }
 
+bool RecordReader::hasWanted() {
+    if (!atEnd()) return true;
+    if (!firstDamage_) firstDamage_ = DamagedRecord{present_ + 1, "it is missing"};
+    return false;
+}
+
+void RecordReader::skipRest() {
+    while (!atEnd()) {
+        present_ += (bytes_.size() + recordSize - 1) / recordSize;
+        bytes_ = {};
+    }
+}
+
+void RecordReader::noteDamage(std::string reason) {
+    if (!firstDamage_) firstDamage_ = DamagedRecord{present_, std::move(reason)};
+}
+
 std::span<const std::byte> RecordReader::nextRecord() {
-    if (bytes_.empty()) refill();
+    if (!hasWanted()) return {};
     const auto record = bytes_.first(std::min(recordSize, bytes_.size()));
     bytes_ = bytes_.subspan(record.size());
+    ++present_;
     return record;
 }
 
+template <typename Number>
+std::optional<Number> RecordReader::numberIn(std::span<const std::byte> bytes) {
+    const auto number = numberAt<Number>(bytes);
+    if (!number) noteDamage("it is cut short");
+    return number;
+}
+
+template <typename Number>
+TaggedValue RecordReader::taggedNumberIn(std::span<const std::byte> payload) {
+    const auto number = numberIn<Number>(payload);
+    return number ? TaggedValue(*number) : TaggedValue();
+}
+
+std::optional<std::string_view> RecordReader::textIn(std::span<const std::byte> bytes,
+                                                     std::size_t longest) {
+    const auto length = numberIn<std::uint16_t>(bytes);
+    if (!length) return std::nullopt;
+    const auto characters = bytes.subspan(sizeof *length);
+    const std::size_t count = std::min<std::size_t>(*length, characters.size());
+    if (*length > longest) {
+        noteDamage("a text of " + std::to_string(*length) + " characters, where " +
+                   std::to_string(longest) + " have room");
+    } else if (count < *length) {
+        noteDamage("it is cut short");
+    }
+    return std::string_view(reinterpret_cast<const char*>(characters.data()), count);
+}
+
 std::int16_t RecordReader::integer() {
-    return numberAt<std::int16_t>(nextRecord()).value_or(0);
+    return numberIn<std::int16_t>(nextRecord()).value_or(0);
 }
 
 std::string RecordReader::text() {
-    return std::string(textAt(nextRecord()).value_or(""));
+    return std::string(textIn(nextRecord(), longestText).value_or(""));
 }
 
 TaggedValue RecordReader::taggedValue() {
     const auto record = nextRecord();
-    const auto tag = numberAt<std::uint16_t>(record);
+    const auto tag = numberIn<std::uint16_t>(record);
     if (!tag) return {};
     const auto payload = record.subspan(tagSize);
     switch (static_cast<TypeTag>(*tag)) {
-        case TypeTag::Integer16:
-            return taggedNumberAt<std::int16_t>(payload);
-        case TypeTag::Integer32:
-            return taggedNumberAt<std::int32_t>(payload);
-        case TypeTag::Single:
-            return taggedNumberAt<float>(payload);
-        case TypeTag::Double:
-            return taggedNumberAt<double>(payload);
-        case TypeTag::Text: {
-            const auto text = textAt(payload);
-            if (text) return TaggedValue(std::in_place_type<std::string>, *text);
-            break;
-        }
         case TypeTag::Empty:
-            break;
+            return {};
+        case TypeTag::Integer16:
+            return taggedNumberIn<std::int16_t>(payload);
+        case TypeTag::Integer32:
+            return taggedNumberIn<std::int32_t>(payload);
+        case TypeTag::Single:
+            return taggedNumberIn<float>(payload);
+        case TypeTag::Double:
+            return taggedNumberIn<double>(payload);
+        case TypeTag::Text: {
+            const auto text = textIn(payload, longestTaggedText);
+            return text ? TaggedValue(std::in_place_type<std::string>, *text) : TaggedValue();
+        }
     }
+    noteDamage("a value of unknown type " + std::to_string(*tag));
     return {};
 }
 
@@ -257,7 +212,6 @@ void RecordStream::finish() {
 void RecordStream::handOn(std::span<const std::byte> records) {
     if (failed_ || records.empty()) return;
     failed_ = !file_.append(records);
-    length_ += records.size();
 }
 
 void RecordStream::add(std::span<const std::byte> records) {
@@ -265,16 +219,14 @@ void RecordStream::add(std::span<const std::byte> records) {
     handOn(records);
 }
 
-bool writeRecords(Files& files, const std::filesystem::path& file, const Content& write) {
-    const std::filesystem::path target = files.followLink(file);
-    const auto name = temporaryNameFor(files, target);
-    auto output = name ? files.open(*name, Files::OpenMode::Replace) : nullptr;
-    if (!output) return writeOver(files, target, write);
-
-    TemporaryFile temporary(files, *name, std::move(output));
-    const auto length = writeContent(temporary.output(), write);
-    return length && appendTail(files, target, *length, temporary.output()) &&
-           temporary.output().flush() && temporary.putInPlaceOf(target);
+bool writeRecords(Files& files, const std::filesystem::path& file,
+                  const std::function<void(RecordStream&)>& write) {
+    return writeSafely(files, file, OldRest::Kept, [&](OutputFile& output) {
+        RecordStream stream(output);
+        write(stream);
+        stream.finish();
+        return !stream.failed();
+    });
 }
 
 bool writeRecords(Files& files, const std::filesystem::path& file,

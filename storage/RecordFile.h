@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,6 +21,12 @@ inline constexpr std::size_t longestText = recordSize - 2;
 /// The longest text in a tagged value, behind its type and its length.
 inline constexpr std::size_t longestTaggedText = recordSize - 4;
 
+/// A record that does not hold what is wanted there.
+struct DamagedRecord {
+    std::uint64_t number = 0;  // from 1
+    std::string reason;
+};
+
 /// Reads values from records in order. Behind the end of the bytes every value reads as empty:
 /// a zero, an empty text, an empty tagged value; so does what a shortened last record lacks.
 class RecordReader {
@@ -36,16 +43,38 @@ class RecordReader {
     std::string text();
     /// A value of unknown type is empty.
     TaggedValue taggedValue();
+
     /// True once the next record would start at or behind the end of the bytes.
     bool atEnd() { return bytes_.empty() && !refill(); }
+    /// The same where a further record is wanted: it is damaged when it is missing.
+    bool hasWanted();
+    /// Passes over all that is left.
+    void skipRest();
+
+    /// The records that were there, a shortened last one among them.
+    std::uint64_t recordsPresent() const { return present_; }
+    /// The file could not be read to its end; what is missing read as empty.
+    bool brokeOff() const { return brokeOff_; }
+    const std::optional<DamagedRecord>& firstDamage() const { return firstDamage_; }
+    /// Calls the record read last damaged.
+    void noteDamage(std::string reason);
 
   private:
     std::span<const std::byte> nextRecord();
+    // Each notes what of the value is missing or too long.
+    template <typename Number>
+    std::optional<Number> numberIn(std::span<const std::byte> bytes);
+    template <typename Number>
+    TaggedValue taggedNumberIn(std::span<const std::byte> payload);
+    std::optional<std::string_view> textIn(std::span<const std::byte> bytes, std::size_t longest);
     bool refill();
 
     std::span<const std::byte> bytes_;  // what is still to be read of the block
     InputFile* file_ = nullptr;         // where more may come from
     Bytes block_;
+    std::uint64_t present_ = 0;
+    bool brokeOff_ = false;
+    std::optional<DamagedRecord> firstDamage_;
 };
 
 /// Writes values into records in order, into memory. The unused rest of a record is zeros. A text
@@ -80,25 +109,17 @@ class RecordStream {
     void finish();
     /// True once something could not be written; what follows is dropped.
     bool failed() const { return failed_; }
-    /// The bytes handed on so far.
-    std::uint64_t length() const { return length_; }
 
   private:
     void handOn(std::span<const std::byte> records);
 
     OutputFile& file_;
     RecordWriter block_;
-    std::uint64_t length_ = 0;
     bool failed_ = false;
 };
 
-/// Puts records into `file` so that at any moment, crashes included, it holds either its old bytes
-/// or the new ones: what `write` puts into the stream and, behind it, what an older and longer file
-/// held there. False when it failed; the file is then as it was.
-///
-/// The new content grows in a file beside it, which then takes its place. Where none can be made
-/// there, the file itself is written over, and put back as far as the disk allows when that fails.
-/// A file that is a link stays one.
+/// Puts records into `file`: what `write` puts into the stream and, behind it, what an older and
+/// longer file held there; see writeSafely. False when it failed; the file is then as it was.
 bool writeRecords(Files& files, const std::filesystem::path& file,
                   const std::function<void(RecordStream&)>& write);
 /// The same for records that are in memory.

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "storage/Reading.h"
 #include "storage/RecordFile.h"
 
 namespace quorvel {
@@ -123,7 +124,7 @@ std::filesystem::path gradesFolder(const WorkingState& state) {
 
 Bytes readSettingsFile(Files& files, const std::filesystem::path& programFolder,
                        std::string_view name, std::size_t records) {
-    return files.read(programFolder / name, records * recordSize).value_or(Bytes());
+    return readBytes(files, programFolder / name, records * recordSize).bytes;
 }
 
 ReportSettings readReportSettings(Files& files, const std::filesystem::path& programFolder) {

@@ -1,112 +1,179 @@
 #include "storage/SheetFile.h"
 
+#include <cmath>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
 #include "core/Numbers.h"
-#include "storage/RecordFile.h"
+#include "storage/Reading.h"
+#include "storage/SheetLayout.h"
 
 namespace quorvel {
 
 namespace {
 
-/// The count that a value of any type means: nothing where it was never set, 0 where it is none
-/// that a sheet can have.
-std::optional<int> countOf(const TaggedValue& value) {
+/// Why no sheet can have this count; nothing where it can.
+std::optional<std::string> damageOfCount(const TaggedValue& value, double count) {
+    const auto* const text = std::get_if<std::string>(&value);
+    const bool isNumber = text == nullptr || !leadingNumberText(*text).empty();
+    const bool isCount =
+        std::floor(count) == count && count >= 0 && count <= GradeSheet::maximumCount;
+    if (isNumber && isCount) return std::nullopt;
+    return text != nullptr ? "a text that is no count" : "no sheet has a count of " + textOf(value);
+}
+
+/// The count that the next record means: nothing where it was never set, 0 where it is none that a
+/// sheet can have.
+std::optional<int> readCount(RecordReader& reader) {
+    const TaggedValue value = reader.taggedValue();
     if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
-    const std::int64_t count = roundHalfEven(numberOf(value));
+    const double number = numberOf(value);
+    if (auto damage = damageOfCount(value, number)) reader.noteDamage(std::move(*damage));
+    const std::int64_t count = roundHalfEven(number);
     if (count < 0 || count > GradeSheet::maximumCount) return 0;
     return static_cast<int>(count);
 }
 
-TaggedValue countValue(int count, bool isSet) {
-    return isSet ? TaggedValue(static_cast<std::int16_t>(count)) : TaggedValue();
-}
+/// Puts what it reads into a sheet.
+class SheetReader {
+  public:
+    SheetReader(RecordReader& reader, GradeSheet& sheet) : reader_(reader), sheet_(sheet) {}
 
-void decodeScores(RecordReader& reader, GradeSheet& sheet) {
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        for (int student = 1; student <= sheet.studentCount(); ++student) {
-            if (reader.atEnd()) return;
-            sheet.setScore(assignment, student, Score(reader.taggedValue()));
-        }
+    bool goesOn() { return reader_.hasWanted(); }
+    int studentCount() {
+        students_ = readCount(reader_);
+        return students_.value_or(0);
     }
-}
+    int assignmentCount() {
+        assignments_ = readCount(reader_);
+        return assignments_.value_or(0);
+    }
+    void sheetTitle() {
+        sheet_.sheetTitle = reader_.text();
+        sheet_.recreate(students_, assignments_);
+    }
+    void score(int assignment, int student) {
+        sheet_.setScore(assignment, student, Score(reader_.taggedValue()));
+    }
+    void studentName(int) { name_ = reader_.text(); }
+    void studentAlias(int student) { sheet_.setStudent(student, name_, reader_.text()); }
+    void assignmentName(int) { name_ = reader_.text(); }
+    void assignmentValue(int assignment) {
+        sheet_.setAssignment(assignment, name_, reader_.integer());
+    }
 
-void decodeStudents(RecordReader& reader, GradeSheet& sheet) {
-    for (int student = 1; student <= sheet.studentCount() && !reader.atEnd(); ++student) {
-        const std::string name = reader.text();
-        const std::string alias = reader.text();
-        sheet.setStudent(student, name, alias);
-    }
-}
+  private:
+    RecordReader& reader_;
+    GradeSheet& sheet_;
+    std::optional<int> students_;
+    std::optional<int> assignments_;
+    std::string name_;  // waits for what stands in the record behind it
+};
 
-void decodeAssignments(RecordReader& reader, GradeSheet& sheet) {
-    for (int assignment = 1; assignment <= sheet.assignmentCount() && !reader.atEnd();
-         ++assignment) {
-        const std::string name = reader.text();
-        const std::int16_t value = reader.integer();
-        sheet.setAssignment(assignment, name, value);
-    }
-}
+/// Stops at the first record that is damaged and keeps only what a check tells.
+class SheetChecker {
+  public:
+    SheetChecker(RecordReader& reader, SheetCheck& check) : reader_(reader), check_(check) {}
 
-void decode(RecordReader& reader, GradeSheet& sheet) {
-    const auto students = countOf(reader.taggedValue());
-    const auto assignments = countOf(reader.taggedValue());
-    sheet.sheetTitle = reader.text();
-    sheet.recreate(students, assignments);
-    decodeScores(reader, sheet);
-    decodeStudents(reader, sheet);
-    decodeAssignments(reader, sheet);
-}
+    bool goesOn() { return reader_.hasWanted() && isWhole(); }
+    int studentCount() { return count(check_.studentCount); }
+    int assignmentCount() { return isWhole() ? count(check_.assignmentCount) : 0; }
+    void sheetTitle() {
+        if (isWhole()) check_.sheetTitle = reader_.text();
+    }
+    void score(int, int) { reader_.taggedValue(); }
+    void studentName(int) { reader_.text(); }
+    void studentAlias(int) { reader_.text(); }
+    void assignmentName(int) { reader_.text(); }
+    void assignmentValue(int) { reader_.integer(); }
 
-void encodeScores(RecordStream& stream, const GradeSheet& sheet) {
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        if (stream.failed()) return;
-        for (int student = 1; student <= sheet.studentCount(); ++student) {
-            stream.next().taggedValue(sheet.score(assignment, student).value());
-        }
+  private:
+    bool isWhole() const { return !reader_.firstDamage(); }
+    int count(std::optional<int>& count) {
+        const int number = readCount(reader_).value_or(0);
+        if (isWhole()) count = number;
+        return number;
     }
-}
 
-void encodeSheet(RecordStream& stream, const GradeSheet& sheet) {
-    stream.next().taggedValue(countValue(sheet.studentCount(), sheet.studentCountIsSet()));
-    stream.next().taggedValue(countValue(sheet.assignmentCount(), sheet.assignmentCountIsSet()));
-    stream.next().text(sheet.sheetTitle);
-    encodeScores(stream, sheet);
-    for (int student = 1; student <= sheet.studentCount(); ++student) {
-        stream.next().text(sheet.studentName(student));
-        stream.next().text(sheet.studentAlias(student));
+    RecordReader& reader_;
+    SheetCheck& check_;
+};
+
+class SheetWriter {
+  public:
+    SheetWriter(RecordStream& stream, const GradeSheet& sheet) : stream_(stream), sheet_(sheet) {}
+
+    bool goesOn() const { return !stream_.failed(); }
+    int studentCount() { return count(sheet_.studentCount(), sheet_.studentCountIsSet()); }
+    int assignmentCount() { return count(sheet_.assignmentCount(), sheet_.assignmentCountIsSet()); }
+    void sheetTitle() { stream_.next().text(sheet_.sheetTitle); }
+    void score(int assignment, int student) {
+        stream_.next().taggedValue(sheet_.score(assignment, student).value());
     }
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        stream.next().text(sheet.assignmentName(assignment));
-        stream.next().integer(sheet.assignmentValue(assignment));
+    void studentName(int student) { stream_.next().text(sheet_.studentName(student)); }
+    void studentAlias(int student) { stream_.next().text(sheet_.studentAlias(student)); }
+    void assignmentName(int assignment) { stream_.next().text(sheet_.assignmentName(assignment)); }
+    void assignmentValue(int assignment) {
+        stream_.next().integer(sheet_.assignmentValue(assignment));
     }
-}
+
+  private:
+    int count(int number, bool isSet) {
+        stream_.next().taggedValue(isSet ? TaggedValue(static_cast<std::int16_t>(number))
+                                         : TaggedValue());
+        return number;
+    }
+
+    RecordStream& stream_;
+    const GradeSheet& sheet_;
+};
 
 }  // namespace
 
-GradeSheet decodeSheet(std::span<const std::byte> bytes) {
-    RecordReader reader(bytes);
+GradeSheet readSheet(RecordReader& reader) {
     GradeSheet sheet;
-    decode(reader, sheet);
+    SheetReader visitor(reader, sheet);
+    visitSheet(visitor);
     return sheet;
 }
 
-void readSheet(Files& files, const std::filesystem::path& file, GradeSheet& sheet) {
-    const auto input = files.openForReading(file);
-    if (input) {
-        RecordReader reader(*input);
-        decode(reader, sheet);
-    } else {
-        sheet.sheetTitle.clear();
-        sheet.recreate(std::nullopt, std::nullopt);
-    }
+GradeSheet decodeSheet(std::span<const std::byte> bytes) {
+    RecordReader reader(bytes);
+    return readSheet(reader);
+}
+
+SheetReading readSheet(Files& files, const std::filesystem::path& file) {
+    SheetReading reading;
+    reading.problem = patiently(files, [&] {
+        const auto opened = files.openForReading(file);
+        if (!opened.file) return opened.problem;
+        RecordReader reader(*opened.file);
+        reading.sheet = readSheet(reader);
+        return reader.brokeOff() ? FileProblem::Unreadable : FileProblem::None;
+    });
+    if (reading.problem != FileProblem::None) reading.sheet = GradeSheet();
+    return reading;
+}
+
+SheetCheck checkSheet(RecordReader& reader) {
+    SheetCheck check;
+    SheetChecker visitor(reader, check);
+    visitSheet(visitor);
+    if (check.studentCount && check.assignmentCount)
+        check.recordsWanted = sheetRecords(*check.studentCount, *check.assignmentCount);
+    check.firstDamage = reader.firstDamage();
+    reader.skipRest();
+    check.recordsPresent = reader.recordsPresent();
+    return check;
 }
 
 bool writeSheet(Files& files, const std::filesystem::path& file, const GradeSheet& sheet) {
-    return writeRecords(files, file, [&](RecordStream& stream) { encodeSheet(stream, sheet); });
+    return writeRecords(files, file, [&](RecordStream& stream) {
+        SheetWriter visitor(stream, sheet);
+        visitSheet(visitor);
+    });
 }
 
 }  // namespace quorvel

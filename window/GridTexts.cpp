@@ -1,5 +1,6 @@
 #include "window/GridTexts.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace quorvel {

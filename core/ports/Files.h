@@ -1,96 +1,134 @@
 #pragma once
 
-#include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <span>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace quorvel {
 
 using Bytes = std::vector<std::byte>;
 
-/// A file being read from its start. Destroying it closes it.
+/// Why a file could not be read.
+enum class FileProblem {
+    None,
+    Missing,     // there is no such file
+    Folder,      // it is a folder
+    Refused,     // its access rights do not allow it
+    InUse,       // another program has it open and does not share it
+    Unreadable,  // anything else: the disk, the network, a reading that broke off
+};
+
+/// A file being read. Destroying it closes it.
 class InputFile {
   public:
     virtual ~InputFile() = default;
-    /// Fills `target` from where the last call stopped. The number of bytes it got: fewer than
-    /// asked for only at the end of the file, or where it cannot be read any further.
-    virtual std::size_t read(std::span<std::byte> target) = 0;
+
+    /// Fills `target` from where the last call stopped. The number of bytes that it got, fewer than
+    /// asked for only at the end of the file; nothing where it cannot be read any further.
+    std::optional<std::size_t> read(std::span<std::byte> target) {
+        std::size_t filled = 0;
+        while (filled < target.size()) {
+            const auto count = readSome(target.subspan(filled));
+            if (!count) return std::nullopt;
+            if (*count == 0) break;
+            filled += *count;
+        }
+        return filled;
+    }
+
+  private:
+    /// Reads at least one byte; 0 at the end of the file, nothing on failure.
+    virtual std::optional<std::size_t> readSome(std::span<std::byte> target) = 0;
 };
 
-/// A file being written. Destroying it closes it.
+/// A file being written from its start. Destroying it closes it.
 class OutputFile {
   public:
     virtual ~OutputFile() = default;
+
     /// False when not all bytes could be written.
-    virtual bool append(std::span<const std::byte> bytes) = 0;
+    bool append(std::span<const std::byte> bytes) {
+        while (!bytes.empty()) {
+            // A full disk is sometimes told by a short count alone.
+            const std::size_t count = writeSome(bytes);
+            if (count == 0) return false;
+            bytes = bytes.subspan(count);
+            length_ += count;
+        }
+        return true;
+    }
+    /// Ends the file behind what was written; false when that failed.
+    virtual bool cut() = 0;
     /// Brings everything to the disk; false when that failed.
     virtual bool flush() = 0;
+    /// The number of bytes written.
+    std::uint64_t length() const { return length_; }
+
+  private:
+    /// Writes at least one byte; 0 on failure.
+    virtual std::size_t writeSome(std::span<const std::byte> bytes) = 0;
+
+    std::uint64_t length_ = 0;
+};
+
+/// Tells one state of a file from another: its length and the time of its last change, in the
+/// system's own units.
+struct FileStamp {
+    std::uint64_t length = 0;
+    std::int64_t time = 0;
+
+    bool operator==(const FileStamp&) const = default;
 };
 
 /// The one layer that every file operation goes through. Failures are return values: what a
 /// failure means is the caller's to say. Paths are absolute.
 class Files {
   public:
-    enum class OpenMode {
-        Replace,    // an empty file, an existing one is emptied
-        WriteOver,  // an existing file keeps its bytes behind those that are written
+    struct Opened {
+        std::unique_ptr<InputFile> file;
+        FileProblem problem = FileProblem::None;
     };
+
+    /// How long pause() waits.
+    static constexpr std::chrono::milliseconds moment{25};
 
     virtual ~Files() = default;
 
-    /// The whole file, or its first `limit` bytes; nothing when it cannot be read.
-    virtual std::optional<Bytes> read(const std::filesystem::path& file,
-                                      std::uint64_t limit = UINT64_MAX) = 0;
-    /// The bytes from `offset` on, empty behind the end; nothing when it cannot be read.
-    virtual std::optional<Bytes> readFrom(const std::filesystem::path& file,
-                                          std::uint64_t offset) = 0;
-    /// Nothing when the file cannot be read. Without an own way of reading piece by piece this
-    /// reads the whole file at once.
-    virtual std::unique_ptr<InputFile> openForReading(const std::filesystem::path& file);
-    /// Nothing when the file cannot be opened for writing.
-    virtual std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) = 0;
-    /// Puts `from` in the place of `to` in one step; `to` may exist.
+    /// Opens a file for reading from `offset` on; behind its end there is nothing to read. Others
+    /// may do with it what they like meanwhile. Without a file there is a problem.
+    virtual Opened openForReading(const std::filesystem::path& file, std::uint64_t offset = 0) = 0;
+    /// Makes a new file, which nobody else may remove while it is open. Where `model` is a file, it
+    /// is given what that has beside its bytes, before it has any itself: attributes, access list
+    /// and encryption, or mode, owner and group as far as allowed. Nothing where something of this
+    /// name stands already, or where the new file would be less protected than `model`.
+    virtual std::unique_ptr<OutputFile> create(const std::filesystem::path& file,
+                                               const std::filesystem::path& model) = 0;
+    /// Opens a file to be written over; it is made where it is missing, and keeps its bytes behind
+    /// those that are written. Others may have it open as well. Nothing when it cannot be written.
+    virtual std::unique_ptr<OutputFile> openForWriting(const std::filesystem::path& file) = 0;
+    /// Puts `from` in the place of `to` in one step; `to` may exist. A write-protected file stays.
     virtual bool replace(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    /// Removes a file that nobody has open; false when it is still there.
     virtual bool remove(const std::filesystem::path& file) = 0;
-    virtual bool exists(const std::filesystem::path& path) = 0;
+    /// Copies a file over an older one; false when that failed.
+    virtual bool copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    /// Nothing where there is no file or folder of this name. Looks at a file that is locked, too.
+    virtual std::optional<FileStamp> stampOf(const std::filesystem::path& path) = 0;
     virtual bool createFolder(const std::filesystem::path& folder) = 0;
-    /// The files of a folder (not its subfolders) whose names end with `ending`, such as ".qrv", in
-    /// any case; in the order of their names. Empty when the folder cannot be read.
-    virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                                    std::string_view ending) = 0;
+    /// The files of a folder, without its subfolders, in any order. Empty when it cannot be read.
+    virtual std::vector<std::filesystem::path> list(const std::filesystem::path& folder) = 0;
     /// What `file` leads to where it is a link, so that what is put into its place goes there; else
     /// `file` itself.
-    virtual std::filesystem::path followLink(const std::filesystem::path& file) { return file; }
+    virtual std::filesystem::path followLink(const std::filesystem::path& file) = 0;
+    /// Waits a moment, in which whoever holds a file may let go of it.
+    virtual void pause() = 0;
+
+    bool exists(const std::filesystem::path& path) { return stampOf(path).has_value(); }
 };
-
-/// A file that is in memory.
-class BytesInputFile final : public InputFile {
-  public:
-    explicit BytesInputFile(Bytes bytes) : bytes_(std::move(bytes)) {}
-
-    std::size_t read(std::span<std::byte> target) override {
-        const std::size_t count = std::min(target.size(), bytes_.size() - position_);
-        std::copy_n(bytes_.begin() + static_cast<std::ptrdiff_t>(position_), count, target.begin());
-        position_ += count;
-        return count;
-    }
-
-  private:
-    Bytes bytes_;
-    std::size_t position_ = 0;
-};
-
-inline std::unique_ptr<InputFile> Files::openForReading(const std::filesystem::path& file) {
-    auto bytes = read(file);
-    if (!bytes) return nullptr;
-    return std::make_unique<BytesInputFile>(std::move(*bytes));
-}
 
 }  // namespace quorvel

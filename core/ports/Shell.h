@@ -19,8 +19,6 @@ class Shell {
     /// Starts `program` (a command line as asked for, blanks included) on `file`, in a maximised
     /// window that takes the focus, and does not wait for it. False when it did not start.
     virtual bool startMaximized(std::string_view program, const std::filesystem::path& file) = 0;
-    /// Copies a file over an older one; false when that failed.
-    virtual bool copyFile(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
     virtual ScreenSize screenSize() const = 0;
 };
 

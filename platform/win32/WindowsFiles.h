@@ -7,19 +7,18 @@ namespace quorvel {
 /// The file layer on Windows.
 class WindowsFiles final : public Files {
   public:
-    std::optional<Bytes> read(const std::filesystem::path& file,
-                              std::uint64_t limit = UINT64_MAX) override;
-    std::optional<Bytes> readFrom(const std::filesystem::path& file, std::uint64_t offset) override;
-    std::unique_ptr<InputFile> openForReading(const std::filesystem::path& file) override;
-    std::unique_ptr<OutputFile> open(const std::filesystem::path& file, OpenMode mode) override;
-    /// A write-protected file stays.
+    Opened openForReading(const std::filesystem::path& file, std::uint64_t offset = 0) override;
+    std::unique_ptr<OutputFile> create(const std::filesystem::path& file,
+                                       const std::filesystem::path& model) override;
+    std::unique_ptr<OutputFile> openForWriting(const std::filesystem::path& file) override;
     bool replace(const std::filesystem::path& from, const std::filesystem::path& to) override;
     bool remove(const std::filesystem::path& file) override;
-    bool exists(const std::filesystem::path& path) override;
+    bool copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+    std::optional<FileStamp> stampOf(const std::filesystem::path& path) override;
     bool createFolder(const std::filesystem::path& folder) override;
-    std::vector<std::filesystem::path> list(const std::filesystem::path& folder,
-                                            std::string_view ending) override;
+    std::vector<std::filesystem::path> list(const std::filesystem::path& folder) override;
     std::filesystem::path followLink(const std::filesystem::path& file) override;
+    void pause() override;
 };
 
 }  // namespace quorvel

@@ -29,10 +29,6 @@ bool WindowsShell::startMaximized(std::string_view program, const std::filesyste
     return true;
 }
 
-bool WindowsShell::copyFile(const std::filesystem::path& from, const std::filesystem::path& to) {
-    return ::CopyFileW(from.c_str(), to.c_str(), FALSE) != 0;
-}
-
 ScreenSize WindowsShell::screenSize() const {
     return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
 }

@@ -12,7 +12,6 @@ class WindowsShell final : public Shell {
     explicit WindowsShell(const CodePage& codePage) : codePage_(codePage) {}
 
     bool startMaximized(std::string_view program, const std::filesystem::path& file) override;
-    bool copyFile(const std::filesystem::path& from, const std::filesystem::path& to) override;
     ScreenSize screenSize() const override;
 
   private:

@@ -1,6 +1,6 @@
 #include "commands/FileUtilities.h"
 #include "storage/SheetFile.h"
-#include "tests/fakes/CommandTest.h"
+#include "tests/fakes/TestProgram.h"
 
 namespace quorvel {
 namespace {
@@ -10,7 +10,7 @@ constexpr std::string_view insertDisk =
 constexpr std::string_view warning =
     "WARNING: This will delete all students and grades currently on this grade sheet!  Continue?";
 
-class FileUtilities : public CommandTest {
+class FileUtilities : public TestProgram {
   protected:
     void answerInsertDisk(Answer answer) {
         dialogs.expectMessage("Backup", insertDisk, Icon::None, Buttons::OkCancel, answer);
@@ -25,7 +25,7 @@ class FileUtilities : public CommandTest {
         ASSERT_TRUE(writeSheet(files, "/Quorvel/Grades/other.qrv", other));
         answerWarning(Answer::Yes);
         chooseFile("/Quorvel/Grades/other.qrv");
-        mnuCopy(context);
+        mnuCopy(program);
     }
 
     /// Two students and four assignments "Own 1" to "Own 4" worth 11 to 14, with scores.
@@ -63,12 +63,12 @@ class FileUtilities : public CommandTest {
     }
 };
 
-using Copies = std::vector<FakeShell::Copy>;
+using Copies = std::vector<FaultyFiles::Copy>;
 
 TEST_F(FileUtilities, ASheetThatWasNeverSavedHasNothingToBackUp) {
     dialogs.expectMessage("Quorvel", "The file you currently are working on is not saved.");
-    mnuBackup1(context);
-    EXPECT_TRUE(shell.copies.empty());
+    mnuBackup1(program);
+    EXPECT_TRUE(disk.copies.empty());
 }
 
 TEST_F(FileUtilities, BackingUpThisFileCopiesItAsItIsOnDisk) {
@@ -76,8 +76,8 @@ TEST_F(FileUtilities, BackingUpThisFileCopiesItAsItIsOnDisk) {
     state.isDirty = true;
     state.sheetFileName.clear();
     answerInsertDisk(Answer::Ok);
-    mnuBackup1(context);
-    EXPECT_EQ(shell.copies, (Copies{{"/Quorvel/Grades/own.qrv", "A:\\own.qrv"}}));
+    mnuBackup1(program);
+    EXPECT_EQ(disk.copies, (Copies{{"/Quorvel/Grades/own.qrv", "A:\\own.qrv"}}));
     EXPECT_EQ(state.sheetFileName, "own.qrv");
     EXPECT_TRUE(state.isDirty);
     EXPECT_TRUE(files.files.empty());
@@ -86,8 +86,8 @@ TEST_F(FileUtilities, BackingUpThisFileCopiesItAsItIsOnDisk) {
 TEST_F(FileUtilities, APathWithoutAFolderIsCopiedUnderItsWholeText) {
     state.currentPath = "True";
     answerInsertDisk(Answer::Ok);
-    mnuBackup1(context);
-    EXPECT_EQ(shell.copies, (Copies{{"/Quorvel/True", "A:\\True"}}));
+    mnuBackup1(program);
+    EXPECT_EQ(disk.copies, (Copies{{"/Quorvel/True", "A:\\True"}}));
     EXPECT_EQ(state.sheetFileName, "True");
 }
 
@@ -95,31 +95,31 @@ TEST_F(FileUtilities, AFileWhoseNameTheCodePageLacksIsCopiedUnderItsOwnName) {
     const std::filesystem::path name = u8"\u0141\u00F3d\u017A.qrv";
     state.currentPath = "/Quorvel/Grades" / name;
     answerInsertDisk(Answer::Ok);
-    mnuBackup1(context);
+    mnuBackup1(program);
     std::filesystem::path copy = "A:\\";
     copy += name;
-    EXPECT_EQ(shell.copies, (Copies{{"/Quorvel/Grades" / name, copy}}));
+    EXPECT_EQ(disk.copies, (Copies{{"/Quorvel/Grades" / name, copy}}));
 }
 
 TEST_F(FileUtilities, WithoutADiskNothingIsCopied) {
     makeOpenSheet();
     answerInsertDisk(Answer::Cancel);
-    mnuBackup1(context);
+    mnuBackup1(program);
     answerInsertDisk(Answer::Cancel);
-    mnuBackup(context);
-    EXPECT_TRUE(shell.copies.empty());
+    mnuBackup(program);
+    EXPECT_TRUE(disk.copies.empty());
     EXPECT_EQ(state.sheetFileName, "own.qrv");
 }
 
 TEST_F(FileUtilities, ACopyThatFailsIsNotReported) {
     makeOpenSheet();
-    shell.works = false;
+    disk.copiesAreKept = false;
     placeFile("Grades/a.qrv", "");
     answerInsertDisk(Answer::Ok);
-    mnuBackup1(context);
+    mnuBackup1(program);
     answerInsertDisk(Answer::Ok);
-    mnuBackup(context);
-    EXPECT_EQ(shell.copies.size(), 2U);
+    mnuBackup(program);
+    EXPECT_EQ(disk.copies.size(), 2U);
 }
 
 TEST_F(FileUtilities, BackingUpAllCopiesEverySheetFileOfTheGradesFolderOnce) {
@@ -127,18 +127,18 @@ TEST_F(FileUtilities, BackingUpAllCopiesEverySheetFileOfTheGradesFolderOnce) {
                              "Grades/old/c.qrv", "TN.qrv"})
         placeFile(file, "x");
     answerInsertDisk(Answer::Ok);
-    mnuBackup(context);
-    ASSERT_EQ(shell.copies.size(), 2U);
-    const FakeShell::Copy small{"/Quorvel/Grades/a.qrv", "A:\\a.qrv"};
-    const FakeShell::Copy capital{"/Quorvel/Grades/B.QRV", "A:\\B.QRV"};
-    EXPECT_EQ(std::ranges::count(shell.copies, small), 1);
-    EXPECT_EQ(std::ranges::count(shell.copies, capital), 1);
+    mnuBackup(program);
+    ASSERT_EQ(disk.copies.size(), 2U);
+    const FaultyFiles::Copy small{"/Quorvel/Grades/a.qrv", "A:\\a.qrv"};
+    const FaultyFiles::Copy capital{"/Quorvel/Grades/B.QRV", "A:\\B.QRV"};
+    EXPECT_EQ(std::ranges::count(disk.copies, small), 1);
+    EXPECT_EQ(std::ranges::count(disk.copies, capital), 1);
 }
 
 TEST_F(FileUtilities, BackingUpAnEmptyGradesFolderCopiesAndSaysNothing) {
     answerInsertDisk(Answer::Ok);
-    mnuBackup(context);
-    EXPECT_TRUE(shell.copies.empty());
+    mnuBackup(program);
+    EXPECT_TRUE(disk.copies.empty());
 }
 
 TEST_F(FileUtilities, CopyingStudentsTakesRosterAndClassNameAndEmptiesEveryScore) {
@@ -216,7 +216,7 @@ TEST_F(FileUtilities, AnsweringNoToTheWarningKeepsStudentsAndScores) {
     makeOpenSheet();
     answerWarning(Answer::No);
     dialogs.expectMessage("Quorvel", "Copy Students Cancelled");
-    mnuCopy(context);
+    mnuCopy(program);
     EXPECT_EQ(sheet.studentCount(), 2);
     EXPECT_EQ(sheet.score(1, 1).text(), "5");
     EXPECT_TRUE(state.isDirty);
@@ -227,7 +227,7 @@ TEST_F(FileUtilities, CopyingWithoutChoosingAFileEndsSilently) {
     makeOpenSheet();
     answerWarning(Answer::Yes);
     chooseFile(std::nullopt);
-    mnuCopy(context);
+    mnuCopy(program);
     EXPECT_EQ(sheet.studentCount(), 2);
     EXPECT_EQ(sheet.sheetTitle, "Own - 1");
     EXPECT_TRUE(state.isDirty);
@@ -238,7 +238,7 @@ TEST_F(FileUtilities, AFileThatCannotBeReadReadsAsEmpty) {
     makeOpenSheet();
     answerWarning(Answer::Yes);
     chooseFile("/Quorvel/Grades/missing.qrv");
-    mnuCopy(context);
+    mnuCopy(program);
     EXPECT_EQ(sheet.studentCount(), 0);
     EXPECT_EQ(sheet.sheetTitle, "");
     EXPECT_EQ(sheet.assignmentCount(), 4);

@@ -186,7 +186,7 @@ TEST_F(FailedSave, OfAnyOperationLeavesTheOldFileOrTheNewOneAndSaysWhich) {
             if (fault == Fault::PowerCut) continue;
             EXPECT_EQ(state.isDirty, bytes == old) << operation;
             EXPECT_EQ(state.saveMode, bytes == old ? SaveMode::SaveAs : SaveMode::Save);
-            EXPECT_EQ(files.list(grades, ".new").size(), 0U) << operation;
+            EXPECT_EQ(files.list(grades).size(), 1U) << operation;
         }
     }
 }

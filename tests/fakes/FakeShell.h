@@ -8,7 +8,7 @@
 
 namespace quorvel {
 
-/// A shell that notes what it was asked for. Nothing is started or copied.
+/// A shell that notes what it was asked for. Nothing is started.
 class FakeShell final : public Shell {
   public:
     struct Launch {
@@ -16,24 +16,14 @@ class FakeShell final : public Shell {
         std::filesystem::path file;
         bool operator==(const Launch&) const = default;
     };
-    struct Copy {
-        std::filesystem::path from;
-        std::filesystem::path to;
-        bool operator==(const Copy&) const = default;
-    };
 
     std::vector<Launch> launches;
-    std::vector<Copy> copies;
-    /// What starting and copying report.
+    /// What starting reports.
     bool works = true;
     ScreenSize screen{1024, 768};
 
     bool startMaximized(std::string_view program, const std::filesystem::path& file) override {
         launches.push_back({std::string(program), file});
-        return works;
-    }
-    bool copyFile(const std::filesystem::path& from, const std::filesystem::path& to) override {
-        copies.push_back({from, to});
         return works;
     }
     ScreenSize screenSize() const override { return screen; }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -40,9 +39,7 @@ class FileCommands : public TestProgram {
         EXPECT_TRUE(state.isDirty);
         EXPECT_EQ(state.currentPath, path);
     }
-    Bytes bytesOn(const std::filesystem::path& path) {
-        return files.read(path, UINT64_MAX).value_or(Bytes());
-    }
+    Bytes bytesOn(const std::filesystem::path& path) { return file(path).value_or(Bytes()); }
 };
 
 }  // namespace quorvel

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -19,7 +18,9 @@ class TestProgram : public CommandTest {
 
     /// A file of the program's folder as it lies on the disk; nothing when there is none.
     std::optional<Bytes> file(const std::filesystem::path& name) {
-        return files.read(state.inProgramFolder(name), UINT64_MAX);
+        const auto found = files.files.find(state.inProgramFolder(name));
+        if (found == files.files.end()) return std::nullopt;
+        return found->second;
     }
     void putFile(const std::filesystem::path& name, Bytes bytes) {
         files.files[state.inProgramFolder(name)] = std::move(bytes);

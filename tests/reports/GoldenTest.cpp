@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -58,9 +59,8 @@ class GoldenTest : public testing::TestWithParam<std::tuple<GoldenClass, GoldenR
 TEST_P(GoldenTest, PrintsEveryCharacterOfIt) {
     const auto& [golden, report] = GetParam();
     PosixFiles files;
-    const auto bytes = files.read(goldenFolder / (std::string(golden.name) + ".qrv"));
-    ASSERT_TRUE(bytes);
-    GradeSheet sheet = decodeSheet(*bytes);
+    auto [sheet, problem] = readSheet(files, goldenFolder / (std::string(golden.name) + ".qrv"));
+    ASSERT_EQ(problem, FileProblem::None);
     sheet.recomputeFigures(GradingScale());
 
     const ReportData data{.sheet = sheet,

@@ -60,6 +60,7 @@ TemporaryFolder::~TemporaryFolder() {
 
 HeadlessDriver::HeadlessDriver() {
     reloadForNew = false;
+    files_.copiesAreKept = false;
 }
 
 std::string HeadlessDriver::programFolderText() const {
@@ -111,7 +112,7 @@ bool HeadlessDriver::act(std::function<void(frmQRV&)> action) {
 bool HeadlessDriver::start() {
     if (program_ != nullptr && !program_->hasEnded())
         throw ScenarioError("the program is running already");
-    shell_.copies.clear();
+    files_.copies.clear();
     shell_.launches.clear();
     const Ports ports{conversation_, files_, printer_, canvas_, clock_, shell_};
     program_ = std::make_unique<frmQRV>(ports, folder_.path(), resolve(passwordFile), codePage());

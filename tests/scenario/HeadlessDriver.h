@@ -8,7 +8,7 @@
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakePrinter.h"
 #include "tests/fakes/FakeShell.h"
-#include "tests/fakes/FullDiskFiles.h"
+#include "tests/fakes/FaultyFiles.h"
 #include "tests/scenario/Conversation.h"
 #include "tests/scenario/Driver.h"
 #include "window/frmQRV.h"
@@ -84,7 +84,7 @@ class HeadlessDriver : public Driver {
 
     TemporaryFolder folder_;
     PosixFiles disk_;
-    FullDiskFiles files_{disk_};
+    FaultyFiles files_{disk_};
     FakePrinter printer_;
     FakeCanvas canvas_;
     FakeClock clock_;

@@ -110,7 +110,7 @@ std::optional<std::vector<PrintedJob>> HeadlessDriver::printedJobs() {
 std::optional<std::vector<FileCopy>> HeadlessDriver::copies() {
     std::vector<FileCopy> copies;
     const CodePage& codePage = CodePage::windows1252();
-    for (const auto& [from, to] : shell_.copies)
+    for (const auto& [from, to] : files_.copies)
         copies.push_back({pathText(from, codePage), pathText(to, codePage)});
     return copies;
 }

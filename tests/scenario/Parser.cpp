@@ -1,5 +1,6 @@
 #include "tests/scenario/Parser.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 

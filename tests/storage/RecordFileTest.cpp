@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -100,22 +102,75 @@ TEST(RecordReader, ReadsAFileBlockByBlock) {
 
 /// A file that cannot be read at one place, and could be read on behind it.
 class DamagedFile final : public InputFile {
-  public:
-    std::size_t read(std::span<std::byte> target) override {
+  private:
+    std::optional<std::size_t> readSome(std::span<std::byte> target) override {
+        if (++reads_ == 2) return std::nullopt;
         std::ranges::fill(target, std::byte{0x01});
-        return ++reads_ == 2 ? 100 : target.size();
+        return target.size();
     }
 
-  private:
     int reads_ = 0;
 };
 
-TEST(RecordReader, AFileEndsWhereItCannotBeReadAnyFurther) {
+TEST(RecordReader, AFileEndsWhereItCannotBeReadAnyFurtherAndThatIsKnown) {
     DamagedFile file;
     RecordReader reader(file);
-    for (int number = 0; number < 2048 + 1; ++number) ASSERT_EQ(reader.integer(), 0x0101);
+    for (int number = 0; number < 2048; ++number) ASSERT_EQ(reader.integer(), 0x0101);
+    EXPECT_FALSE(reader.brokeOff());
     EXPECT_TRUE(reader.atEnd());
     EXPECT_EQ(reader.integer(), 0);
+    EXPECT_TRUE(reader.brokeOff());
+}
+
+/// What the first record is called, read by `read`; empty where it is sound.
+std::string damageOf(const Bytes& bytes, const std::function<void(RecordReader&)>& read) {
+    RecordReader reader(bytes);
+    read(reader);
+    if (!reader.firstDamage()) return "";
+    EXPECT_EQ(reader.firstDamage()->number, 1U);
+    return reader.firstDamage()->reason;
+}
+
+TEST(RecordReader, SaysWhatIsWrongWithARecord) {
+    const auto integer = [](RecordReader& reader) { reader.integer(); };
+    const auto text = [](RecordReader& reader) { reader.text(); };
+    const auto tagged = [](RecordReader& reader) { reader.taggedValue(); };
+    EXPECT_EQ(damageOf(integerRecord(5), integer), "");
+    EXPECT_EQ(damageOf({}, integer), "it is missing");
+    EXPECT_EQ(damageOf(hex("05"), integer), "it is cut short");
+    EXPECT_EQ(damageOf(textRecord(std::string(126, 'x')), text), "");
+    EXPECT_EQ(damageOf(hex("02 00 41"), text), "it is cut short");
+    EXPECT_EQ(damageOf(recordWith(hex("7F 00")), text),
+              "a text of 127 characters, where 126 have room");
+    EXPECT_EQ(damageOf(taggedTextRecord(std::string(124, 'x')), tagged), "");
+    EXPECT_EQ(damageOf(recordWith(hex("08 00 7D 00")), tagged),
+              "a text of 125 characters, where 124 have room");
+    EXPECT_EQ(damageOf(recordWith(hex("07 00")), tagged), "a value of unknown type 7");
+    for (const char* shortened : {"02", "02 00 05", "03 00 05 00 00", "04 00 00 00 20",
+                                  "05 00 00 00 00 00 00 00 04", "08 00 02", "08 00 02 00 31"})
+        EXPECT_EQ(damageOf(hex(shortened), tagged), "it is cut short") << shortened;
+}
+
+TEST(RecordReader, NamesTheFirstDamagedRecordAndCountsAllThatAreThere) {
+    const Bytes bytes = integerRecord(1) + recordWith(hex("07 00")) + hex("05");
+    RecordReader reader(bytes);
+    reader.integer();
+    reader.taggedValue();
+    reader.integer();
+    reader.integer();
+    ASSERT_TRUE(reader.firstDamage());
+    EXPECT_EQ(reader.firstDamage()->number, 2U);
+    EXPECT_EQ(reader.recordsPresent(), 3U);
+}
+
+TEST(RecordReader, PassesOverTheRestOfAFile) {
+    BytesInputFile file(Bytes(5000 * 128 + 1, std::byte{0x01}));
+    RecordReader reader(file);
+    reader.integer();
+    reader.skipRest();
+    EXPECT_TRUE(reader.atEnd());
+    EXPECT_EQ(reader.recordsPresent(), 5001U);
+    EXPECT_FALSE(reader.firstDamage());
 }
 
 TEST(RecordReader, AFileOfWholeBlocksEndsWithTheLast) {
@@ -208,14 +263,14 @@ TEST(RecordWriter, CutsTextsToWhatARecordHolds) {
 TEST(RecordStream, HandsOnEveryRecordInOrderHoweverManyThereAre) {
     MemoryFiles files;
     constexpr int records = 5000;
-    const auto file = files.open("/many", Files::OpenMode::Replace);
+    const auto file = files.openForWriting("/many");
     RecordStream stream(*file);
     for (int number = 0; number < records; ++number) {
         stream.next().integer(static_cast<std::int16_t>(number));
     }
     stream.finish();
     EXPECT_FALSE(stream.failed());
-    EXPECT_EQ(stream.length(), std::uint64_t{records} * 128);
+    EXPECT_EQ(file->length(), std::uint64_t{records} * 128);
     const Bytes& bytes = files.files["/many"];
     ASSERT_EQ(bytes.size(), std::size_t{records} * 128);
     RecordReader reader(bytes);
@@ -224,7 +279,7 @@ TEST(RecordStream, HandsOnEveryRecordInOrderHoweverManyThereAre) {
 
 TEST(RecordStream, HoldsBackNoMoreThanABlock) {
     MemoryFiles files;
-    const auto file = files.open("/many", Files::OpenMode::Replace);
+    const auto file = files.openForWriting("/many");
     RecordStream stream(*file);
     constexpr int records = 100000;
     for (int number = 0; number < records; ++number) stream.next().integer(1);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "storage/SheetFile.h"
+#include "tests/fakes/FaultyFiles.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/storage/Bytes.h"
 
@@ -264,20 +265,116 @@ TEST(WriteSheet, AShorterFileIsReplacedWhole) {
     EXPECT_EQ(fileOf(sampleSheet(), hex("02")), sampleFile());
 }
 
-TEST(ReadSheet, ReplacesAnOpenSheetAsAWhole) {
+TEST(ReadSheet, ReadsASheetFromItsFile) {
     MemoryFiles files;
-    files.files["/a.qrv"] =
-        joined({taggedIntegerRecord(1), taggedIntegerRecord(1), textRecord("Art")});
-    GradeSheet sheet = sampleSheet();
-    readSheet(files, "/a.qrv", sheet);
-    EXPECT_EQ(contentOf(sheet), "students 1, assignments 1, title 'Art'\n'' ''\n'' 0: empty\n");
+    files.files["/a.qrv"] = sampleFile();
+    const SheetReading reading = readSheet(files, "/a.qrv");
+    EXPECT_EQ(reading.problem, FileProblem::None);
+    EXPECT_EQ(contentOf(reading.sheet), sampleContent());
 }
 
-TEST(ReadSheet, AFileThatCannotBeReadGivesEmptyValues) {
-    MemoryFiles files;
-    GradeSheet sheet = sampleSheet();
-    readSheet(files, "/missing.qrv", sheet);
-    EXPECT_EQ(contentOf(sheet), contentOf(decodeSheet({})));
+TEST(ReadSheet, TellsAMissingFileFromOneThatCannotBeRead) {
+    MemoryFiles memory;
+    memory.files["/a.qrv"] = sampleFile();
+    memory.folders.insert("/folder");
+    FaultyFiles files(memory);
+    files.locked.insert("/a.qrv");
+    for (const auto& [file, problem] :
+         {std::pair("/missing.qrv", FileProblem::Missing),
+          std::pair("/folder", FileProblem::Folder), std::pair("/a.qrv", FileProblem::InUse)}) {
+        const SheetReading reading = readSheet(files, file);
+        EXPECT_EQ(reading.problem, problem) << file;
+        EXPECT_EQ(contentOf(reading.sheet), contentOf(GradeSheet())) << file;
+    }
+}
+
+TEST(ReadSheet, WaitsForWhoeverHasTheFileOpenForAMoment) {
+    MemoryFiles memory;
+    memory.files["/a.qrv"] = sampleFile();
+    FaultyFiles files(memory);
+    files.locked.insert("/a.qrv");
+    files.pausesUntilReleased = 30;
+    EXPECT_EQ(contentOf(readSheet(files, "/a.qrv").sheet), sampleContent());
+}
+
+/// A disk whose files break off in the middle, however often they are read.
+class BreakingFiles final : public FaultyFiles {
+  public:
+    using FaultyFiles::FaultyFiles;
+    Opened openForReading(const std::filesystem::path& file, std::uint64_t offset) override {
+        breakAt(2, Fault::Shorten);
+        return FaultyFiles::openForReading(file, offset);
+    }
+};
+
+TEST(ReadSheet, OneThatBreaksOffIsNeverHalfASheet) {
+    MemoryFiles memory;
+    memory.files["/a.qrv"] = sampleFile();
+    BreakingFiles files(memory);
+    const SheetReading reading = readSheet(files, "/a.qrv");
+    EXPECT_EQ(reading.problem, FileProblem::Unreadable);
+    EXPECT_EQ(contentOf(reading.sheet), contentOf(GradeSheet()));
+}
+
+TEST(ReadSheet, OneThatBreaksOffOnceIsReadAgain) {
+    for (const auto fault : {FaultyFiles::Fault::Fail, FaultyFiles::Fault::Shorten}) {
+        for (int operation = 1; operation <= 3; ++operation) {
+            MemoryFiles memory;
+            memory.files["/a.qrv"] = sampleFile();
+            FaultyFiles files(memory);
+            files.breakAt(operation, fault);
+            const SheetReading reading = readSheet(files, "/a.qrv");
+            EXPECT_EQ(reading.problem, FileProblem::None) << operation;
+            EXPECT_EQ(contentOf(reading.sheet), sampleContent()) << operation;
+        }
+    }
+}
+
+SheetCheck checkOf(const Bytes& bytes) {
+    RecordReader reader(bytes);
+    return checkSheet(reader);
+}
+
+TEST(CheckSheet, AWholeSheetAndWhatStandsBehindIt) {
+    const SheetCheck check = checkOf(sampleFile() + hex("01"));
+    EXPECT_EQ(check.studentCount, 2);
+    EXPECT_EQ(check.assignmentCount, 3);
+    EXPECT_EQ(check.sheetTitle, "Math - 1");
+    EXPECT_EQ(check.recordsWanted, 19U);
+    EXPECT_EQ(check.recordsPresent, 20U);
+    EXPECT_FALSE(check.firstDamage);
+}
+
+TEST(CheckSheet, EveryEndThatComesTooEarlyIsTheFirstMissingOrShortenedRecord) {
+    const Bytes whole = sampleFile();
+    for (std::size_t records = 0; records < 19; ++records) {
+        const SheetCheck check = checkOf(firstBytes(whole, records * 128));
+        ASSERT_TRUE(check.firstDamage) << records;
+        EXPECT_EQ(check.firstDamage->number, records + 1);
+        EXPECT_EQ(check.firstDamage->reason, "it is missing");
+        EXPECT_EQ(check.recordsPresent, records);
+        const SheetCheck shortened = checkOf(firstBytes(whole, records * 128 + 1));
+        ASSERT_TRUE(shortened.firstDamage) << records;
+        EXPECT_EQ(shortened.firstDamage->number, records + 1);
+        EXPECT_EQ(shortened.firstDamage->reason, "it is cut short");
+    }
+}
+
+TEST(CheckSheet, ACountThatNoSheetHasLeavesTheRestUnknown) {
+    const SheetCheck check = checkOf(recordWith(hex("02 00 FF FF")) + taggedIntegerRecord(1));
+    EXPECT_EQ(check.studentCount, std::nullopt);
+    EXPECT_EQ(check.assignmentCount, std::nullopt);
+    EXPECT_EQ(check.recordsWanted, std::nullopt);
+    ASSERT_TRUE(check.firstDamage);
+    EXPECT_EQ(check.firstDamage->reason, "no sheet has a count of -1");
+}
+
+TEST(CheckSheet, CountsThatTheBytesDoNotHoldCostNoTime) {
+    const SheetCheck check =
+        checkOf(taggedIntegerRecord(32767) + taggedIntegerRecord(32767) + textRecord("Huge"));
+    EXPECT_EQ(check.recordsWanted, 3U + 32767U * 32767U + 4U * 32767U);
+    ASSERT_TRUE(check.firstDamage);
+    EXPECT_EQ(check.firstDamage->number, 4U);
 }
 
 }  // namespace

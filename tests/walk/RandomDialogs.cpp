@@ -1,11 +1,13 @@
 #include "tests/walk/RandomDialogs.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
 
 #include "core/Numbers.h"
 #include "core/Paths.h"
+#include "storage/Reading.h"
 #include "storage/RecordFile.h"
 #include "tests/scenario/Texts.h"
 
@@ -102,7 +104,7 @@ Answer RandomDialogs::message(const Message& message) {
 
 std::optional<std::filesystem::path> RandomDialogs::openFile(std::string_view title,
                                                              const std::filesystem::path& folder) {
-    const auto sheets = files_.list(folder, ".qrv");
+    const auto sheets = filesEndingWith(files_, folder, ".qrv");
     std::optional<std::filesystem::path> chosen;
     if (!sheets.empty() && random_.chance(80)) chosen = random_.oneOf(sheets);
     noteFile(DialogKind::OpenFile, title, chosen);
@@ -161,8 +163,8 @@ std::optional<std::string> RandomDialogs::passwordFor(std::string_view caption) 
 }
 
 std::string RandomDialogs::storedPassword() {
-    const Bytes record = files_.read(passwordFile_, recordSize).value_or(Bytes{});
-    return textOf(RecordReader(record).taggedValue());
+    const ReadBytes record = readBytes(files_, passwordFile_, recordSize);
+    return textOf(RecordReader(record.bytes).taggedValue());
 }
 
 void RandomDialogs::note(const Dialog& dialog, std::string_view reply) {

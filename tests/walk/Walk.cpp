@@ -248,9 +248,10 @@ void Walk::checkAfter(std::string_view menu) {
     const bool wasSavedOrLoaded = menu == "mnuSave" || (asksForFile && dialogs_.fileWasChosen);
     const bool isSaved = !state.isDirty && state.saveMode == SaveMode::Save;
     if (!wasSavedOrLoaded || !isSaved || state.currentPath.empty()) return;
-    const auto bytes = disk_.read(state.inProgramFolder(state.currentPath), UINT64_MAX);
-    if (!bytes) throw Violation("a sheet that counts as saved has no file");
-    checkSameSheet(decodeSheet(*bytes), form_->sheet());
+    const SheetReading saved = readSheet(disk_, state.inProgramFolder(state.currentPath));
+    if (saved.problem != FileProblem::None)
+        throw Violation("a sheet that counts as saved has no file");
+    checkSameSheet(saved.sheet, form_->sheet());
 }
 
 void Walk::noteOutcome() {

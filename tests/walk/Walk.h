@@ -7,7 +7,7 @@
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakePrinter.h"
 #include "tests/fakes/FakeShell.h"
-#include "tests/fakes/FullDiskFiles.h"
+#include "tests/fakes/FaultyFiles.h"
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/walk/GlyphRecord.h"
 #include "tests/walk/RandomDialogs.h"
@@ -51,7 +51,7 @@ class Walk {
     RandomNumbers random_;
     ScenarioLog& log_;
     MemoryFiles disk_;
-    FullDiskFiles files_{disk_};
+    FaultyFiles files_{disk_};
     FakePrinter printer_;
     GlyphRecord canvas_;
     FakeClock clock_;

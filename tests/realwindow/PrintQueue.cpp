@@ -40,7 +40,8 @@ bool isLandscape(const std::string& information) {
 
 }  // namespace
 
-PrintQueue::PrintQueue(std::filesystem::path folder) : folder_(std::move(folder)) {
+PrintQueue::PrintQueue(std::filesystem::path folder)
+    : folder_(std::move(folder)), firstDate_(systemDate()) {
     earlierJobs_ = jobsTaken();
 }
 
@@ -75,9 +76,10 @@ PrintedJob PrintQueue::readJob(int number) const {
     }
     const PrintedPages paper = parsePrintedPages(contentOf(out / (name + ".xml")));
     PrintedJob job;
-    const std::string today = systemDate();
+    // It may have been printed before midnight.
+    const std::array dates{systemDate(), firstDate_};
     const FontOnPaper font = paper.fonts.empty() ? FontOnPaper{"", 1} : paper.fonts.front();
-    for (const PrintedPage& page : paper.pages) job.pages.push_back(linesOf(page, font, today));
+    for (const PrintedPage& page : paper.pages) job.pages.push_back(linesOf(page, font, dates));
     job.landscape = isLandscape(contentOf(out / (name + ".info")));
     job.font = paper.fonts.size() == 1 ? fontOf(font) : PrintFont{"several fonts", 0};
     return job;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include "tests/scenario/Driver.h"
@@ -23,6 +24,7 @@ class PrintQueue {
 
     std::filesystem::path folder_;
     int earlierJobs_ = 0;
+    std::string firstDate_;
 };
 
 }  // namespace quorvel::scenario

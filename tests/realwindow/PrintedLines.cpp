@@ -82,21 +82,24 @@ std::size_t endOfTime(std::string_view text, std::size_t start) {
     return half == " AM" || half == " PM" ? start + half.size() : start;
 }
 
-std::string withoutDateAndTime(std::string text, std::string_view systemDate) {
+std::string withoutDateAndTime(std::string text, std::span<const std::string> dates) {
     constexpr std::string_view between = " at ";
-    const std::size_t date = text.find(systemDate);
-    if (date == std::string::npos) return text;
-    text.replace(date, systemDate.size(), "DATE");
-    const std::size_t behind = date + 4;
-    if (text.compare(behind, between.size(), between) == 0) {
-        const std::size_t time = behind + between.size();
-        text.replace(time, endOfTime(text, time) - time, "TIME");
+    for (const std::string& written : dates) {
+        const std::size_t date = text.find(written);
+        if (date == std::string::npos) continue;
+        text.replace(date, written.size(), "DATE");
+        const std::size_t behind = date + 4;
+        if (text.compare(behind, between.size(), between) == 0) {
+            const std::size_t time = behind + between.size();
+            text.replace(time, endOfTime(text, time) - time, "TIME");
+        }
+        break;
     }
     return text;
 }
 
 std::string lineOf(std::vector<PrintedCharacter> characters, const FontOnPaper& font,
-                   std::string_view systemDate) {
+                   std::span<const std::string> dates) {
     std::ranges::stable_sort(characters, {}, &PrintedCharacter::left);
     const bool fixedPitch = fontOf(font).name == fixedPitchFont;
     const auto width = static_cast<int>(std::lround(font.size * dotsPerPoint * characterWidthPart));
@@ -104,7 +107,7 @@ std::string lineOf(std::vector<PrintedCharacter> characters, const FontOnPaper& 
     std::string line;
     for (const Run& run : runsOf(characters, pitch, fixedPitch)) {
         const std::string text =
-            withoutDateAndTime(CodePage::windows1252().fromUtf16(run.text), systemDate);
+            withoutDateAndTime(CodePage::windows1252().fromUtf16(run.text), dates);
         const auto column = std::max(static_cast<std::size_t>(run.column), line.size());
         line.resize(column, ' ');
         line += text;
@@ -116,7 +119,7 @@ std::string lineOf(std::vector<PrintedCharacter> characters, const FontOnPaper& 
 }  // namespace
 
 std::vector<std::string> linesOf(const PrintedPage& page, const FontOnPaper& font,
-                                 std::string_view systemDate) {
+                                 std::span<const std::string> dates) {
     const double fontHeight = font.size * dotsPerPoint;
     const double first = fontHeight * ascentPart;
     const int pitch = linePitchOf(page, fontHeight);
@@ -127,7 +130,7 @@ std::vector<std::string> linesOf(const PrintedPage& page, const FontOnPaper& fon
     std::vector<std::string> lines;
     for (auto& [row, characters] : rows) {
         lines.resize(static_cast<std::size_t>(std::max(row, 0L)));
-        lines.push_back(lineOf(std::move(characters), font, systemDate));
+        lines.push_back(lineOf(std::move(characters), font, dates));
     }
     while (!lines.empty() && lines.back().empty()) lines.pop_back();
     return lines;

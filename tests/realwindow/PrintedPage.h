@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,10 +37,10 @@ struct PrintedPages {
 /// ScenarioError for anything else.
 PrintedPages parsePrintedPages(std::string_view description);
 
-/// The lines of a page, every character in its column. `systemDate` is the date as the system
-/// writes it: it reads DATE there, and the time behind it TIME.
+/// The lines of a page, every character in its column. Each of `dates`, written like the system
+/// does, reads DATE there, and a time behind it TIME.
 std::vector<std::string> linesOf(const PrintedPage& page, const FontOnPaper& font,
-                                 std::string_view systemDate);
+                                 std::span<const std::string> dates);
 
 /// The font as the program knows it.
 PrintFont fontOf(const FontOnPaper& font);

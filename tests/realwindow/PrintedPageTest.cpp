@@ -36,9 +36,9 @@ class Paper {
         return *this;
     }
 
-    std::vector<std::string> lines(std::string_view date = "11/21/2026") const {
+    std::vector<std::string> lines(const std::vector<std::string>& dates = {"11/21/2026"}) const {
         const PrintedPages job = parsePrintedPages(description_ + "</page>\n");
-        return linesOf(job.pages.at(0), job.fonts.at(0), date);
+        return linesOf(job.pages.at(0), job.fonts.at(0), dates);
     }
     PrintedPages parsed() const { return parsePrintedPages(description_ + "</page>\n"); }
 
@@ -93,6 +93,12 @@ TEST(PrintedPage, DateAndTimeReadDateAndTimeAndMoveNothing) {
     EXPECT_EQ(paper.lines(),
               (Lines{"DATE at TIME", "School: A",
                      std::string(95, ' ') + "DATE" + std::string(12, ' ') + "Page: 1"}));
+}
+
+TEST(PrintedPage, ADateFromBeforeMidnightReadsDate) {
+    Paper paper;
+    paper.page().text(1, 1, "11/21/2026 at 11:59:59 PM");
+    EXPECT_EQ(paper.lines({"11/22/2026", "11/21/2026"}), Lines{"DATE at TIME"});
 }
 
 TEST(PrintedPage, AnotherDateStaysAsItWasPrinted) {

@@ -58,6 +58,16 @@ bool WindowDriver::setDiskFull(bool) {
     return false;
 }
 
+bool WindowDriver::openElsewhere(std::string_view path, FileSharing sharing) {
+    heldFiles_.open(resolve(path), sharing);
+    return true;
+}
+
+bool WindowDriver::closeElsewhere(std::string_view path) {
+    heldFiles_.close(resolve(path));
+    return true;
+}
+
 HANDLE WindowDriver::process() const {
     if (!program_) throw ScenarioError("the program was not started");
     return program_->process();

@@ -9,6 +9,7 @@
 
 #include "tests/realwindow/Bench.h"
 #include "tests/realwindow/DialogWindow.h"
+#include "tests/realwindow/HeldFiles.h"
 #include "tests/realwindow/PrintQueue.h"
 #include "tests/realwindow/ProgramFolder.h"
 #include "tests/realwindow/QueueMark.h"
@@ -32,6 +33,8 @@ class WindowDriver final : public Driver {
     bool storePassword(std::string_view password) override;
     bool setPrinter(PrinterState state) override;
     bool setDiskFull(bool full) override;
+    bool openElsewhere(std::string_view path, FileSharing sharing) override;
+    bool closeElsewhere(std::string_view path) override;
 
     bool start() override;
     bool chooseMenu(std::string_view entry) override;
@@ -60,6 +63,7 @@ class WindowDriver final : public Driver {
     int visibleColumns() override;
     int rightColumnsShift() override;
 
+    std::optional<std::vector<std::byte>> contentOf(std::string_view path) override;
     std::optional<std::vector<PrintedJob>> printedJobs() override;
     std::optional<std::vector<FileCopy>> copies() override;
     std::optional<std::vector<std::string>> launches() override;
@@ -94,6 +98,7 @@ class WindowDriver final : public Driver {
 
     const Bench& bench_;
     ProgramFolder folder_;
+    HeldFiles heldFiles_;
     PrintQueue queue_;
     std::unique_ptr<RunningProgram> program_;
 

@@ -194,6 +194,11 @@ int WindowDriver::rightColumnsShift() {
     return bench_.layout().rightColumnsShift;
 }
 
+std::optional<std::vector<std::byte>> WindowDriver::contentOf(std::string_view path) {
+    const std::filesystem::path file = resolve(path);
+    return heldFiles_.contains(file) ? heldFiles_.contentOf(file) : fileBytes(file);
+}
+
 std::optional<std::vector<PrintedJob>> WindowDriver::printedJobs() {
     return queue_.jobs();
 }

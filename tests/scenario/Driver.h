@@ -52,6 +52,9 @@ class Driver {
     virtual bool storePassword(std::string_view password) = 0;
     virtual bool setPrinter(PrinterState state) = 0;
     virtual bool setDiskFull(bool full) = 0;
+    /// Another program opens a file and keeps it open, and closes it.
+    virtual bool openElsewhere(std::string_view path, FileSharing sharing) = 0;
+    virtual bool closeElsewhere(std::string_view path) = 0;
 
     // What the user does. Each returns when the program has begun to carry it out; it may be
     // waiting in a dialog then.
@@ -91,6 +94,9 @@ class Driver {
     /// Columns of scores and the shift of the result columns on this screen.
     virtual int visibleColumns() = 0;
     virtual int rightColumnsShift() = 0;
+
+    /// The bytes of a file on the disk, whoever has it open; nothing where there is none.
+    virtual std::optional<std::vector<std::byte>> contentOf(std::string_view path) = 0;
 
     /// The jobs printed since the driver was made, in order. Waits for one that is on its way.
     virtual std::optional<std::vector<PrintedJob>> printedJobs() = 0;

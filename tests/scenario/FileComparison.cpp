@@ -38,7 +38,7 @@ Outcome Comparison::operator()(const FileMissing& expected) const {
 }
 
 Outcome Comparison::operator()(const FileRecordCount& expected) const {
-    const auto bytes = fileBytes(driver_.resolve(expected.path));
+    const auto bytes = driver_.contentOf(expected.path);
     if (!bytes) return different(std::string(missing));
     const std::size_t records = bytes->size() / recordLength;
     return whether(
@@ -47,14 +47,14 @@ Outcome Comparison::operator()(const FileRecordCount& expected) const {
 }
 
 Outcome Comparison::operator()(const FileBytes& expected) const {
-    const auto bytes = fileBytes(driver_.resolve(expected.path));
+    const auto bytes = driver_.contentOf(expected.path);
     if (!bytes) return different(std::string(missing));
     const auto found = part(*bytes, expected.offset, expected.bytes.size());
     return whether(std::ranges::equal(found, expected.bytes), "bytes " + hexadecimal(found));
 }
 
 Outcome Comparison::operator()(const FileRecord& expected) const {
-    const auto bytes = fileBytes(driver_.resolve(expected.path));
+    const auto bytes = driver_.contentOf(expected.path);
     if (!bytes) return different(std::string(missing));
     const std::size_t offset = static_cast<std::size_t>(expected.record - 1) * recordLength;
     if (offset >= bytes->size())

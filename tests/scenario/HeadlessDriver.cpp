@@ -96,6 +96,14 @@ bool HeadlessDriver::setDiskFull(bool full) {
     return true;
 }
 
+bool HeadlessDriver::openElsewhere(std::string_view, FileSharing) {
+    return false;
+}
+
+bool HeadlessDriver::closeElsewhere(std::string_view) {
+    return false;
+}
+
 frmQRV& HeadlessDriver::program() {
     if (program_ == nullptr) throw ScenarioError("the program was not started");
     if (program_->hasEnded()) throw ScenarioError("the program has ended");

@@ -41,6 +41,8 @@ class HeadlessDriver : public Driver {
     bool storePassword(std::string_view password) override;
     bool setPrinter(PrinterState state) override;
     bool setDiskFull(bool full) override;
+    bool openElsewhere(std::string_view path, FileSharing sharing) override;
+    bool closeElsewhere(std::string_view path) override;
 
     bool start() override;
     bool chooseMenu(std::string_view entry) override;
@@ -69,6 +71,7 @@ class HeadlessDriver : public Driver {
     int visibleColumns() override;
     int rightColumnsShift() override;
 
+    std::optional<std::vector<std::byte>> contentOf(std::string_view path) override;
     std::optional<std::vector<PrintedJob>> printedJobs() override;
     std::optional<std::vector<FileCopy>> copies() override;
     std::optional<std::vector<std::string>> launches() override;

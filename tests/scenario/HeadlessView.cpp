@@ -3,6 +3,7 @@
 #include "core/Paths.h"
 #include "tests/scenario/HeadlessControls.h"
 #include "tests/scenario/HeadlessDriver.h"
+#include "tests/scenario/Records.h"
 
 namespace quorvel::scenario {
 
@@ -99,6 +100,10 @@ int HeadlessDriver::visibleColumns() {
 
 int HeadlessDriver::rightColumnsShift() {
     return program().layout().rightColumnsShift;
+}
+
+std::optional<std::vector<std::byte>> HeadlessDriver::contentOf(std::string_view path) {
+    return fileBytes(resolve(path));
 }
 
 std::optional<std::vector<PrintedJob>> HeadlessDriver::printedJobs() {

@@ -68,6 +68,9 @@ std::optional<Setting> parseSetting(std::string_view keyword, LineReader& line) 
     }
     if (keyword == "printer") return SetPrinter{choice(line, printerStates)};
     if (keyword == "disk") return SetDisk{choice(line, diskStates)};
+    if (keyword == "locked") return OpenElsewhere{line.text(), FileSharing::Nothing};
+    if (keyword == "held") return OpenElsewhere{line.text(), FileSharing::Contents};
+    if (keyword == "released") return CloseElsewhere{line.text()};
     return std::nullopt;
 }
 

@@ -75,6 +75,10 @@ TEST(Parser, SettingsAreRead) {
     EXPECT_EQ(settingOf<SetPrinter>("printer ready").state, PrinterState::Ready);
     EXPECT_TRUE(settingOf<SetDisk>("disk full").full);
     EXPECT_FALSE(settingOf<SetDisk>("disk ready").full);
+    EXPECT_EQ(settingOf<OpenElsewhere>(R"(locked "a.qrv")").path, "a.qrv");
+    EXPECT_EQ(settingOf<OpenElsewhere>(R"(locked "a.qrv")").sharing, FileSharing::Nothing);
+    EXPECT_EQ(settingOf<OpenElsewhere>(R"(held "a.qrv")").sharing, FileSharing::Contents);
+    EXPECT_EQ(settingOf<CloseElsewhere>(R"(released "a.qrv")").path, "a.qrv");
 }
 
 TEST(Parser, ActionsAreRead) {

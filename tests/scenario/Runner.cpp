@@ -119,6 +119,10 @@ class Run {
     bool perform(const StorePassword& setting) { return driver_.storePassword(setting.password); }
     bool perform(const SetPrinter& setting) { return driver_.setPrinter(setting.state); }
     bool perform(const SetDisk& setting) { return driver_.setDiskFull(setting.full); }
+    bool perform(const OpenElsewhere& setting) {
+        return driver_.openElsewhere(setting.path, setting.sharing);
+    }
+    bool perform(const CloseElsewhere& setting) { return driver_.closeElsewhere(setting.path); }
     bool perform(const PlaceFile& setting) {
         const auto target = driver_.resolve(setting.path);
         std::error_code error;

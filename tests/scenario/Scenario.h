@@ -46,7 +46,7 @@ struct SetScreen {
 struct StorePassword {
     std::string password;
 };
-/// Copies a file beside the scenario into place.
+/// Copies a file beside the scenario into place; while the program runs, another program does.
 struct PlaceFile {
     std::string path;
     std::string fixture;
@@ -58,7 +58,22 @@ struct SetPrinter {
 struct SetDisk {
     bool full = false;
 };
-using Setting = std::variant<SetScreen, StorePassword, PlaceFile, SetPrinter, SetDisk>;
+/// What a program that has a file open leaves to others.
+enum class FileSharing {
+    Nothing,
+    Contents,  // reading and writing, but not removal
+};
+/// Another program opens a file and keeps it open.
+struct OpenElsewhere {
+    std::string path;
+    FileSharing sharing = FileSharing::Nothing;
+};
+/// It closes the file.
+struct CloseElsewhere {
+    std::string path;
+};
+using Setting = std::variant<SetScreen, StorePassword, PlaceFile, SetPrinter, SetDisk,
+                             OpenElsewhere, CloseElsewhere>;
 
 // What the user does.
 

@@ -8,8 +8,8 @@
 #include <variant>
 #include <vector>
 
-#include "core/TaggedValue.h"
 #include "core/PrintFont.h"
+#include "core/TaggedValue.h"
 #include "core/ports/Dialogs.h"
 #include "core/ports/Shell.h"
 #include "window/CanvasPlaces.h"

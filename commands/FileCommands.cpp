@@ -1,6 +1,5 @@
 #include "commands/FileCommands.h"
 
-#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -8,6 +7,7 @@
 #include <utility>
 
 #include "commands/RecentFiles.h"
+#include "commands/Recovery.h"
 #include "core/Paths.h"
 #include "storage/Settings.h"
 #include "storage/SheetFile.h"
@@ -15,9 +15,6 @@
 namespace quorvel {
 
 namespace {
-
-/// Far more than a folder can sensibly hold; it only ends a search that finds nothing free.
-constexpr int recoveredNames = 10000;
 
 enum class SaveOutcome { Saved, Canceled, Failed };
 
@@ -36,11 +33,28 @@ void runSaveHooks(CommandContext& context) {
     if (context.state.exitAfterSave) context.window.close();
 }
 
+/// What the file is now, wherever a link leads.
+std::optional<FileStamp> stampOf(Files& files, const std::filesystem::path& file) {
+    return files.stampOf(files.followLink(file));
+}
+
+/// True where another program wrote the sheet's file since this run loaded or saved it.
+bool somebodyElseChangedTheFile(CommandContext& context) {
+    const WorkingState& state = context.state;
+    const std::filesystem::path file = state.inProgramFolder(state.currentPath);
+    if (file != state.knownFile.file || !state.knownFile.stamp) return false;
+    const auto stamp = stampOf(context.ports.files, file);
+    return stamp && stamp != state.knownFile.stamp;
+}
+
 SaveOutcome saveSheet(CommandContext& context) {
     WorkingState& state = context.state;
+    Files& files = context.ports.files;
     const std::filesystem::path pathBefore = state.currentPath;
     const std::string nameBefore = state.sheetFileName;
-    if (state.saveMode == SaveMode::SaveAs) state.currentPath.clear();
+    // The dialog's question about replacing is the warning that somebody else's work is there.
+    if (state.saveMode == SaveMode::SaveAs || somebodyElseChangedTheFile(context))
+        state.currentPath.clear();
     if (state.currentPath.empty()) {
         const auto chosen = context.ports.dialogs.saveFile("Save Gradesheet", gradesFolder(state));
         if (!chosen || chosen->empty()) {
@@ -51,37 +65,19 @@ SaveOutcome saveSheet(CommandContext& context) {
     }
     state.sheetFileName = currentFileName(state);
     updateRecentFiles(context);
-    if (!writeSheet(context.ports.files, state.inProgramFolder(state.currentPath), context.sheet)) {
+    const std::filesystem::path file = state.inProgramFolder(state.currentPath);
+    if (!writeSheet(files, file, context.sheet)) {
         state.currentPath = pathBefore;
         state.sheetFileName = nameBefore;
         state.saveMode = SaveMode::SaveAs;
         return SaveOutcome::Failed;
     }
+    state.knownFile = {file, stampOf(files, file)};
     context.window.setCaption(state.sheetFileName);
     state.saveMode = SaveMode::Save;
     state.isDirty = false;
     runSaveHooks(context);
     return SaveOutcome::Saved;
-}
-
-/// A free place in the Grades folder for a sheet that could not be saved where it should go.
-std::optional<std::filesystem::path> recoveredFile(CommandContext& context) {
-    const std::filesystem::path folder = gradesFolder(context.state);
-    for (int number = 1; number <= recoveredNames; ++number) {
-        std::string name = "Recovered";
-        if (number > 1) name.append(" ").append(std::to_string(number));
-        std::filesystem::path file = folder / name.append(".qrv");
-        if (!context.ports.files.exists(file)) return file;
-    }
-    return std::nullopt;
-}
-
-/// The last resort before the program goes on without the sheet: nothing can be asked any more.
-void recoverSheet(CommandContext& context) {
-    context.ports.files.createFolder(gradesFolder(context.state));
-    if (const auto file = recoveredFile(context)) {
-        writeSheet(context.ports.files, *file, context.sheet);
-    }
 }
 
 bool mayDiscardSheet(CommandContext& context) {
@@ -95,6 +91,27 @@ bool mayDiscardSheet(CommandContext& context) {
     return false;
 }
 
+/// What a load ends with, whatever it gave.
+void showLoadedSheet(CommandContext& context, GradeSheet sheet) {
+    WorkingState& state = context.state;
+    context.sheet.replaceBy(std::move(sheet));
+    state.openFromRecent = false;
+    state.isDirty = false;
+    context.window.resetHeadings();
+    context.window.RefreshGrid();
+}
+
+/// A file that is there and cannot be read leaves an empty sheet that has no file: no save can
+/// reach it unasked.
+void showSheetWithoutFile(CommandContext& context) {
+    WorkingState& state = context.state;
+    state.currentPath.clear();
+    state.sheetFileName.clear();
+    state.saveMode = SaveMode::SaveAs;
+    context.window.setCaption(programName);
+    showLoadedSheet(context, GradeSheet());
+}
+
 void loadSheet(CommandContext& context) {
     WorkingState& state = context.state;
     if (!mayDiscardSheet(context)) return;
@@ -102,17 +119,19 @@ void loadSheet(CommandContext& context) {
     if (!state.openFromRecent) state.currentPath.clear();
     const auto chosen = context.ports.dialogs.openFile("Open Gradesheet", gradesFolder(state));
     if (!chosen || chosen->empty()) return;
+    const std::filesystem::path file = state.inProgramFolder(*chosen);
+    // Taken before the reading: a change during it is seen by the next save.
+    KnownFile known{file, stampOf(context.ports.files, file)};
+    SheetReading reading = readSheet(context.ports.files, file);
+    if (isUnreadable(reading.problem)) return showSheetWithoutFile(context);
+
     state.currentPath = *chosen;
     state.sheetFileName = currentFileName(state);
+    state.knownFile = std::move(known);
     updateRecentFiles(context);
-    SheetReading reading = readSheet(context.ports.files, state.inProgramFolder(state.currentPath));
-    context.sheet.replaceBy(std::move(reading.sheet));
-    context.window.setCaption(state.sheetFileName);
-    state.openFromRecent = false;
-    state.isDirty = false;
     state.saveMode = SaveMode::Save;
-    context.window.resetHeadings();
-    context.window.RefreshGrid();
+    context.window.setCaption(state.sheetFileName);
+    showLoadedSheet(context, std::move(reading.sheet));
 }
 
 }  // namespace
@@ -122,7 +141,7 @@ void mnuNew(CommandContext& context) {
                  "Make New Grading Sheet")) {
         return;
     }
-    offerToSave(context);
+    if (!offerToSave(context)) return;
     context.state.isDirty = false;
     reloadForNew = true;
     context.window.reload();
@@ -154,17 +173,21 @@ void mnuSaveAs(CommandContext& context) {
 
 void mnuExit(CommandContext& context) {
     if (!confirm(context, "Are you sure you want to exit?", "Exit Check")) return;
-    context.window.close();
-    context.window.endProgram();
+    if (context.window.close()) context.window.endProgram();
 }
 
-void offerToSave(CommandContext& context) {
-    if (!context.state.isDirty) return;
+bool offerToSave(CommandContext& context) {
+    if (!context.state.isDirty) return true;
     if (!confirm(context, "Do you want to save the grade sheet you are currently working on?",
                  "Save Current Grade Sheet?")) {
-        return;
+        return true;
     }
-    if (saveSheet(context) == SaveOutcome::Failed) recoverSheet(context);
+    if (saveSheet(context) != SaveOutcome::Failed || writeRecoveredSheet(context)) return true;
+    return context.ports.dialogs.message({.text =
+                                              "The grade sheet could not be saved anywhere.  Do "
+                                              "you want to go back to it?",
+                                          .icon = Icon::Critical,
+                                          .buttons = Buttons::YesNo}) == Answer::No;
 }
 
 }  // namespace quorvel

@@ -13,7 +13,8 @@ void mnuSaveAs(CommandContext& context);
 void mnuExit(CommandContext& context);
 
 /// The question that closing the window and New ask about an unsaved sheet, and the save when the
-/// answer is yes. A save that fails then leaves the sheet in the Grades folder as "Recovered.qrv".
-void offerToSave(CommandContext& context);
+/// answer is yes. A save that fails then leaves the sheet as "Recovered.qrv". False where nothing
+/// took it and the user goes back to it.
+bool offerToSave(CommandContext& context);
 
 }  // namespace quorvel

@@ -100,8 +100,9 @@ void mnuCopy(CommandContext& context) {
         dialogs.openFile("Copy Students From...", gradesFolder(context.state));
     if (!file) return;
 
-    // A file that cannot be read reads as one without students.
-    takeOverRoster(context.sheet, readSheet(context.ports.files, *file).sheet);
+    const SheetReading other = readSheet(context.ports.files, *file);
+    if (isUnreadable(other.problem)) return;
+    takeOverRoster(context.sheet, other.sheet);
     context.window.setStudentScrollMaximum(context.sheet.studentCount());
     context.window.RefreshGrid();
 }

@@ -3,12 +3,15 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/CodePage.h"
 #include "core/GradingScale.h"
 #include "core/MenuEntry.h"
+#include "core/Places.h"
 #include "core/PrintFont.h"
+#include "core/ports/Files.h"
 
 namespace quorvel {
 
@@ -24,17 +27,21 @@ enum class SaveMode { Save, SaveAs };
 /// What a save does when it is done. No command sets Unload; the hook is kept.
 enum class AfterSaveAction { None, Unload };
 
+/// A file and what it was when this run last loaded or saved it.
+struct KnownFile {
+    std::filesystem::path file;
+    std::optional<FileStamp> stamp;  // nothing where that could not be found out
+};
+
 /// What the program keeps beside the sheet while it runs.
 struct WorkingState {
-    /// The folder of the executable: settings, bitmaps and the Grades folder live in it. Absolute.
-    std::filesystem::path programFolder;
-    /// Where the start-up password is kept: outside the program's folder. Absolute.
-    std::filesystem::path passwordFile;
+    Places places;
     /// The file that the sheet was last loaded from or saved to; empty when there is none. A
     /// relative path counts from the program's folder.
     std::filesystem::path currentPath;
     /// `currentPath` without its folder, in the code page.
     std::string sheetFileName;
+    KnownFile knownFile;
     SaveMode saveMode = SaveMode::SaveAs;
     AfterSaveAction afterSaveAction = AfterSaveAction::None;
     bool exitAfterSave = false;
@@ -63,7 +70,7 @@ struct WorkingState {
 
     /// Where a file of the program's own folder is, or the file itself where `path` is absolute.
     std::filesystem::path inProgramFolder(const std::filesystem::path& path) const {
-        return programFolder / path;
+        return places.programFolder / path;
     }
 };
 

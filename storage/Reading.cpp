@@ -42,7 +42,7 @@ FileProblem patiently(Files& files, const std::function<FileProblem()>& attempt)
     const auto end = std::chrono::steady_clock::now() + patience;
     FileProblem problem = attempt();
     for (auto waited = Files::moment; waited <= patience; waited += Files::moment) {
-        if (problem == FileProblem::None || problem == FileProblem::Missing) break;
+        if (!isUnreadable(problem)) break;
         if (std::chrono::steady_clock::now() >= end) break;
         files.pause();
         problem = attempt();

@@ -92,8 +92,7 @@ InPlace putBack(Files& files, const std::filesystem::path& file, const ReadBytes
 InPlace writeInPlace(Files& files, const std::filesystem::path& file, OldRest rest,
                      const WriteContent& write) {
     const ReadBytes old = readBytes(files, file);
-    if (old.problem != FileProblem::None && old.problem != FileProblem::Missing)
-        return InPlace::AsBefore;
+    if (isUnreadable(old.problem)) return InPlace::AsBefore;
     auto output = files.openForWriting(file);
     if (!output) return InPlace::AsBefore;
     try {

@@ -28,16 +28,22 @@ GradingScale readGradingScale(RecordReader& reader) {
     return scale;
 }
 
+/// The first `records` records of a settings file, as far as they are there.
+ReadBytes readSettingsFile(Files& files, const std::filesystem::path& programFolder,
+                           std::string_view name, std::size_t records) {
+    return readBytes(files, programFolder / name, records * recordSize);
+}
+
 std::string readName(Files& files, const std::filesystem::path& programFolder,
                      std::string_view name) {
-    const Bytes bytes = readSettingsFile(files, programFolder, name, 1);
-    return RecordReader(bytes).text();
+    const ReadBytes read = readSettingsFile(files, programFolder, name, 1);
+    return RecordReader(read.bytes).text();
 }
 
 void readRecentFiles(Files& files, WorkingState& state) {
-    const Bytes bytes = readSettingsFile(files, state.programFolder, settingsFile::recentFiles,
-                                         state.recentFiles.size());
-    RecordReader reader(bytes);
+    const ReadBytes read = readSettingsFile(files, state.places.programFolder,
+                                            settingsFile::recentFiles, state.recentFiles.size());
+    RecordReader reader(read.bytes);
     for (std::string& file : state.recentFiles) file = reader.text();
 }
 
@@ -68,20 +74,20 @@ void readSettings(Files& files, WorkingState& state) {
     state.isDirty = false;
     reloadForNew = false;
 
-    const Bytes scale = readSettingsFile(files, state.programFolder, settingsFile::gradingScale,
-                                         gradingScaleRecords);
-    RecordReader reader(scale);
+    const ReadBytes scale = readSettingsFile(files, state.places.programFolder,
+                                             settingsFile::gradingScale, gradingScaleRecords);
+    RecordReader reader(scale.bytes);
     state.gradingScale = readGradingScale(reader);
     state.teacherName = reader.text();
-    state.schoolName = readName(files, state.programFolder, settingsFile::schoolName);
-    state.teacherName = readName(files, state.programFolder, settingsFile::teacherName);
+    state.schoolName = readName(files, state.places.programFolder, settingsFile::schoolName);
+    state.teacherName = readName(files, state.places.programFolder, settingsFile::teacherName);
     readRecentFiles(files, state);
 }
 
 void readPrintFont(Files& files, WorkingState& state) {
-    const Bytes bytes =
-        readSettingsFile(files, state.programFolder, settingsFile::printFont, printFontRecords);
-    RecordReader reader(bytes);
+    const ReadBytes read = readSettingsFile(files, state.places.programFolder,
+                                            settingsFile::printFont, printFontRecords);
+    RecordReader reader(read.bytes);
     std::string name = textOf(reader.taggedValue());
     const auto size = static_cast<float>(numberOf(reader.taggedValue()));
     // No font has a size of 0 or less: such a value is as good as none.
@@ -90,7 +96,7 @@ void readPrintFont(Files& files, WorkingState& state) {
         return;
     }
     state.printFont = {std::string(firstFontName), firstFontSize};
-    writePrintFont(files, state, settingsFile::printFont);
+    if (!isUnreadable(read.problem)) writePrintFont(files, state, settingsFile::printFont);
 }
 
 void writeGradingScale(Files& files, const WorkingState& state) {
@@ -122,15 +128,10 @@ std::filesystem::path gradesFolder(const WorkingState& state) {
     return state.inProgramFolder("Grades");
 }
 
-Bytes readSettingsFile(Files& files, const std::filesystem::path& programFolder,
-                       std::string_view name, std::size_t records) {
-    return readBytes(files, programFolder / name, records * recordSize).bytes;
-}
-
 ReportSettings readReportSettings(Files& files, const std::filesystem::path& programFolder) {
-    const Bytes scale =
+    const ReadBytes scale =
         readSettingsFile(files, programFolder, settingsFile::gradingScale, gradingScaleRecords);
-    RecordReader reader(scale);
+    RecordReader reader(scale.bytes);
     return {.gradingScale = readGradingScale(reader),
             .schoolName = readName(files, programFolder, settingsFile::schoolName),
             .teacherName = readName(files, programFolder, settingsFile::teacherName)};

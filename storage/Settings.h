@@ -25,7 +25,8 @@ inline constexpr std::string_view chosenPrintFont = "DefaultPrintFont.vzr";
 /// with their defaults into the state (start-up's steps before the layout is chosen).
 void readSettings(Files& files, WorkingState& state);
 
-/// Reads the print font; where the file gives none, the first default is taken and written to it.
+/// Reads the print font; where the file gives none, the first default is taken and written to it. A
+/// file that cannot be read is left alone.
 void readPrintFont(Files& files, WorkingState& state);
 
 /// Each writes the setting in force to its file in the program's folder. Failures are not reported.
@@ -38,10 +39,6 @@ void writeChosenPrintFont(Files& files, const WorkingState& state);
 
 /// The folder that sheets are kept in.
 std::filesystem::path gradesFolder(const WorkingState& state);
-
-/// The first `records` records of a settings file, as far as they are there; empty without a file.
-Bytes readSettingsFile(Files& files, const std::filesystem::path& programFolder,
-                       std::string_view name, std::size_t records);
 
 /// Scale and names from a program folder, without touching it.
 struct ReportSettings {

@@ -11,11 +11,9 @@
 
 namespace quorvel {
 
-frmQRV::frmQRV(const Ports& ports, std::filesystem::path programFolder,
-               std::filesystem::path passwordFile, const CodePage& codePage)
+frmQRV::frmQRV(const Ports& ports, const Places& places, const CodePage& codePage)
     : ports_(ports), canvas_(ports_.canvas) {
-    state_.programFolder = std::move(programFolder);
-    state_.passwordFile = std::move(passwordFile);
+    state_.places = places;
     state_.codePage = &codePage;
 }
 
@@ -41,7 +39,7 @@ void frmQRV::Form_Load() {
     showRecentFiles(state_);
     state_.saveMode = SaveMode::SaveAs;
     sheet_.fillEmptyScores();
-    canvas_.load(state_.programFolder, layout_.small ? CanvasSize::Small : CanvasSize::Wide);
+    canvas_.load(state_.places.programFolder, layout_.small ? CanvasSize::Small : CanvasSize::Wide);
     readPrintFont(ports_.files, state_);
     RefreshGrid();
 }
@@ -120,17 +118,17 @@ void frmQRV::closeBox() {
     close();
 }
 
-void frmQRV::close() {
+bool frmQRV::close() {
     CommandContext program = context();
-    offerToSave(program);
+    if (!offerToSave(program)) return false;
     canvas_.release();
     open_ = false;
     if (!reloadForNew) ended_ = true;
+    return true;
 }
 
 void frmQRV::reload() {
-    close();
-    start();
+    if (close()) start();
 }
 
 void frmQRV::endProgram() {

@@ -40,10 +40,8 @@ struct Controls {
 /// platform calls when the user acts; after each it shows what controls() and the canvas hold.
 class frmQRV final : public MainWindow {
   public:
-    /// Everything in `ports` and the code page must outlive the window. `programFolder` and
-    /// `passwordFile` are absolute.
-    frmQRV(const Ports& ports, std::filesystem::path programFolder,
-           std::filesystem::path passwordFile, const CodePage& codePage);
+    /// Everything in `ports` and the code page must outlive the window.
+    frmQRV(const Ports& ports, const Places& places, const CodePage& codePage);
     frmQRV(const frmQRV&) = delete;
     frmQRV& operator=(const frmQRV&) = delete;
 
@@ -91,7 +89,7 @@ class frmQRV final : public MainWindow {
     void resetHeadings() override;
     void setStudentScrollMaximum(int maximum) override;
     bool showsAliases() const override;
-    void close() override;
+    bool close() override;
     void reload() override;
     void endProgram() override;
 

@@ -1,15 +1,13 @@
 #include <exception>
-#include <filesystem>
-#include <string>
 
 #include <windows.h>
 
-#include "access/Password.h"
 #include "core/ProgramName.h"
 #include "platform/win32/FormWindow.h"
 #include "platform/win32/GdiCanvas.h"
 #include "platform/win32/GdiPrinter.h"
 #include "platform/win32/SystemClock.h"
+#include "platform/win32/SystemPlaces.h"
 #include "platform/win32/Texts.h"
 #include "platform/win32/WindowsDialogs.h"
 #include "platform/win32/WindowsFiles.h"
@@ -21,15 +19,6 @@
 namespace quorvel {
 
 namespace {
-
-constexpr std::size_t longestPath = 32768;
-
-/// The folder of the executable.
-std::filesystem::path programFolder() {
-    std::wstring file(longestPath, L'\0');
-    file.resize(::GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
-    return std::filesystem::path(std::move(file)).parent_path();
-}
 
 int runMessageLoop(FormWindow& window) {
     MSG message{};
@@ -46,9 +35,9 @@ int runProgram() {
     ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES};
     ::InitCommonControlsEx(&controls);
-    const std::filesystem::path folder = programFolder();
+    const Places places = systemPlaces();
     // Relative paths, such as those of the recent files, count from here.
-    ::SetCurrentDirectoryW(folder.c_str());
+    ::SetCurrentDirectoryW(places.programFolder.c_str());
 
     const CodePage codePage = systemCodePage();
     WindowsDialogs dialogs(codePage);
@@ -58,7 +47,7 @@ int runProgram() {
     SystemClock clock(codePage);
     WindowsShell shell(codePage);
     const Ports ports{dialogs, files, printer, canvas, clock, shell};
-    frmQRV form(ports, folder, windowsPasswordFile, codePage);
+    frmQRV form(ports, places, codePage);
     form.start();
     if (!form.isOpen()) return 0;
     FormWindow window(form, dialogs, canvas, codePage);

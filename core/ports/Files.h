@@ -23,6 +23,11 @@ enum class FileProblem {
     Unreadable,  // anything else: the disk, the network, a reading that broke off
 };
 
+/// True for a file that is there and cannot be read: unlike a missing one it is not empty.
+constexpr bool isUnreadable(FileProblem problem) {
+    return problem != FileProblem::None && problem != FileProblem::Missing;
+}
+
 /// A file being read. Destroying it closes it.
 class InputFile {
   public:

@@ -21,8 +21,8 @@ class MainWindow {
     virtual bool showsAliases() const = 0;
 
     /// Closes the window, offering to save an unsaved sheet. Ends the program unless
-    /// `reloadForNew`.
-    virtual void close() = 0;
+    /// `reloadForNew`. False where the user goes back to a sheet that could not be saved.
+    virtual bool close() = 0;
     /// Closes the window and shows it again, with the sheet as it is.
     virtual void reload() = 0;
     /// Ends the program at once; an unsaved sheet is not offered for saving.

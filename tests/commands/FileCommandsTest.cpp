@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 
 #include "commands/FileCommands.h"
@@ -76,12 +77,60 @@ TEST_F(Open, OverUnsavedChangesGoesOnAfterYes) {
     EXPECT_FALSE(state.isDirty);
 }
 
-TEST_F(Open, AFileThatCannotBeReadIsAnEmptySheetWithoutAMessage) {
+TEST_F(Open, AMissingFileIsAnEmptySheetUnderItsNameWithoutAMessage) {
     expectOpenDialog(bFile);
     mnuOpen(program);
     EXPECT_EQ(contentOf(sheet), "students never set (0), assignments never set (0), title ''\n");
     EXPECT_EQ(state.currentPath, bFile);
     EXPECT_EQ(state.saveMode, SaveMode::Save);
+}
+
+TEST_F(Open, AFileThatIsLockedGivesAnEmptySheetThatNoSaveCanPutInItsPlace) {
+    workOnA();
+    state.isDirty = false;
+    files.files[bFile] = sampleFile();
+    disk.locked.insert(bFile);
+    expectOpenDialog(bFile);
+    mnuOpen(program);
+    EXPECT_EQ(contentOf(sheet), contentOf(GradeSheet()));
+    EXPECT_EQ(state.currentPath, "");
+    EXPECT_EQ(state.sheetFileName, "");
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+    EXPECT_FALSE(state.isDirty);
+    EXPECT_FALSE(state.openFromRecent);
+    EXPECT_EQ(window.calls, (Calls{"setCaption Quorvel", "resetHeadings", "RefreshGrid"}));
+    EXPECT_EQ(state.recentFiles[0], "");
+    EXPECT_EQ(file("LS.qrv"), std::nullopt);
+
+    disk.locked.clear();
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+}
+
+TEST_F(Open, AFileWhoseReadingBreaksOffIsNeverHalfASheet) {
+    files.files[bFile] = sampleFile();
+    int operations = 0;
+    for (int operation = 0; operation == 0 || operation <= operations; ++operation) {
+        sheet = GradeSheet();
+        disk.breakAt(operation, FaultyFiles::Fault::Shorten);
+        expectOpenDialog(bFile);
+        mnuOpen(program);
+        if (operation == 0) operations = disk.operations();
+        EXPECT_EQ(contentOf(sheet), sampleContent()) << operation;
+    }
+    EXPECT_GT(operations, 5);
+}
+
+TEST_F(Open, AFileThatIsLockedForAMomentIsWaitedFor) {
+    sheet = GradeSheet();
+    files.files[bFile] = sampleFile();
+    disk.locked.insert(bFile);
+    disk.pausesUntilReleased = 20;
+    expectOpenDialog(bFile);
+    mnuOpen(program);
+    EXPECT_EQ(contentOf(sheet), sampleContent());
+    EXPECT_EQ(state.currentPath, bFile);
 }
 
 TEST_F(Open, AFileCutShortIsReadAsFarAsItGoes) {
@@ -155,6 +204,18 @@ TEST_F(RecentEntry, WhenCanceledForASheetWithoutAFileTheNextSaveAsks) {
     mnuSave(program);
     EXPECT_EQ(file("True"), std::nullopt);
     EXPECT_EQ(bytesOn(bFile), sampleFile());
+}
+
+TEST_F(RecentEntry, OfALockedFileLeavesNoPathNotEvenTrue) {
+    disk.locked.insert(aFile);
+    expectOpenDialog(aFile);
+    mnuPFile(program, 1);
+    EXPECT_EQ(contentOf(sheet), contentOf(GradeSheet()));
+    EXPECT_EQ(state.currentPath, "");
+    EXPECT_FALSE(state.openFromRecent);
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    EXPECT_EQ(file("True"), std::nullopt);
 }
 
 TEST_F(RecentEntry, WhenDeclinedOverUnsavedChangesThePathIsTrueAlready) {
@@ -245,6 +306,21 @@ TEST_F(New, IsNotStoppedByACanceledSaveDialog) {
     expectReloaded();
 }
 
+TEST_F(New, ThatGoesBackToTheSheetLeavesEverything) {
+    workOnA();
+    files.readOnly = true;
+    expectNewQuestion(Answer::Yes);
+    expectSaveQuestion(Answer::Yes);
+    dialogs.expectMessage("Quorvel",
+                          "The grade sheet could not be saved anywhere.  Do you want to go back to "
+                          "it?",
+                          Icon::Critical, Buttons::YesNo, Answer::Yes);
+    mnuNew(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_FALSE(reloadForNew);
+    EXPECT_TRUE(window.calls.empty());
+}
+
 TEST_F(New, PutsASheetThatCannotBeSavedIntoTheGradesFolder) {
     workOnA();
     state.currentPath = "/stick/a.qrv";
@@ -264,6 +340,13 @@ TEST_F(Exit, DeclinedChangesNothing) {
     EXPECT_TRUE(window.calls.empty());
 }
 
+TEST_F(Exit, ThatGoesBackToTheSheetDoesNotEndTheProgram) {
+    window.closes = false;
+    expectYesNo("Exit Check", "Are you sure you want to exit?", Answer::Yes);
+    mnuExit(program);
+    EXPECT_EQ(window.calls, Calls{"close"});
+}
+
 TEST_F(Exit, ClosesTheWindowAndThenEndsTheProgram) {
     workOnA();
     expectYesNo("Exit Check", "Are you sure you want to exit?", Answer::Yes);
@@ -274,15 +357,41 @@ TEST_F(Exit, ClosesTheWindowAndThenEndsTheProgram) {
 
 class Closing : public FileCommands {
   protected:
-    /// Closing asks and is to save a sheet whose place cannot be written any more.
-    void closeWithLostPlace() {
+    void losePlace() {
         state.isDirty = true;
         state.saveMode = SaveMode::Save;
         state.currentPath = "/stick/a.qrv";
         disk.protectedFolders.insert("/stick");
-        expectSaveQuestion(Answer::Yes);
-        offerToSave(program);
     }
+    /// Closing asks and is to save a sheet whose place cannot be written any more.
+    void closeWithLostPlace() {
+        losePlace();
+        expectSaveQuestion(Answer::Yes);
+        mayGoOn = offerToSave(program);
+    }
+    /// The same where nothing else can be written either.
+    void closeWithoutAnyPlace(Answer goBack) {
+        losePlace();
+        expectSaveQuestion(Answer::Yes);
+        expectLastQuestion(goBack);
+        mayGoOn = offerToSave(program);
+    }
+    void expectLastQuestion(Answer answer) {
+        dialogs.expectMessage(
+            "Quorvel",
+            "The grade sheet could not be saved anywhere.  Do you want to go back "
+            "to it?",
+            Icon::Critical, Buttons::YesNo, answer);
+    }
+    void expectRecoveredOnlyIn(const std::filesystem::path& folder) {
+        EXPECT_TRUE(mayGoOn);
+        EXPECT_EQ(bytesOn(folder / "Recovered.qrv"), sampleFile());
+        EXPECT_EQ(std::ranges::count(files.files, sampleFile(),
+                                     &std::map<std::filesystem::path, Bytes>::value_type::second),
+                  1);
+    }
+
+    bool mayGoOn = false;
 };
 
 TEST_F(Closing, ASavedSheetAsksNothing) {
@@ -335,9 +444,33 @@ TEST_F(Closing, ARecoveredSheetIsNeverOverwritten) {
     EXPECT_EQ(file("Grades/Recovered 3.qrv"), sampleFile());
 }
 
-TEST_F(Closing, GoesOnWhereNothingCanBeWrittenAtAll) {
-    files.readOnly = true;
+TEST_F(Closing, ASheetThatTheGradesFolderRefusesIsRecoveredInTheNextPlace) {
+    disk.protectedFolders.insert(grades);
     closeWithLostPlace();
+    expectRecoveredOnlyIn("/user/Documents");
+    files.files.clear();
+    disk.protectedFolders.insert("/user/Documents");
+    closeWithLostPlace();
+    expectRecoveredOnlyIn("/user/local");
+    files.files.clear();
+    disk.protectedFolders.insert("/user/local");
+    closeWithLostPlace();
+    expectRecoveredOnlyIn("/temporary");
+}
+
+TEST_F(Closing, WhereNothingCanBeWrittenAtAllTheUserMayGoBackToTheSheet) {
+    files.readOnly = true;
+    closeWithoutAnyPlace(Answer::Yes);
+    EXPECT_FALSE(mayGoOn);
+    expectStillDirtyAt("/stick/a.qrv");
+    EXPECT_EQ(state.saveMode, SaveMode::SaveAs);
+    EXPECT_EQ(contentOf(sheet), sampleContent());
+}
+
+TEST_F(Closing, WhereNothingCanBeWrittenAtAllTheUserMayGoOn) {
+    files.readOnly = true;
+    closeWithoutAnyPlace(Answer::No);
+    EXPECT_TRUE(mayGoOn);
     EXPECT_TRUE(files.files.empty());
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "commands/FileUtilities.h"
 #include "storage/SheetFile.h"
 #include "tests/fakes/TestProgram.h"
@@ -139,6 +141,20 @@ TEST_F(FileUtilities, BackingUpAnEmptyGradesFolderCopiesAndSaysNothing) {
     answerInsertDisk(Answer::Ok);
     mnuBackup(program);
     EXPECT_TRUE(disk.copies.empty());
+}
+
+TEST_F(FileUtilities, CopyingStudentsFromAFileThatCannotBeReadEndsLikeACancelledDialog) {
+    makeOpenSheet();
+    ASSERT_TRUE(writeSheet(files, "/Quorvel/Grades/other.qrv", otherSheet(20, 4)));
+    disk.locked.insert("/Quorvel/Grades/other.qrv");
+    answerWarning(Answer::Yes);
+    chooseFile("/Quorvel/Grades/other.qrv");
+    mnuCopy(program);
+    EXPECT_EQ(sheet.studentCount(), 2);
+    EXPECT_EQ(sheet.sheetTitle, "Own - 1");
+    EXPECT_EQ(sheet.score(1, 1), Score::ofText("5"));
+    EXPECT_TRUE(window.calls.empty());
+    EXPECT_TRUE(state.isDirty);
 }
 
 TEST_F(FileUtilities, CopyingStudentsTakesRosterAndClassNameAndEmptiesEveryScore) {

@@ -87,6 +87,70 @@ TEST_F(Save, KeepsTheStaleRecordsOfALongerSheet) {
     EXPECT_EQ(bytesOn(aFile), sampleFile() + Bytes(11 * 128, std::byte{0xAB}));
 }
 
+class ChangedBySomebodyElse : public FileCommands {
+  protected:
+    /// Opens a.qrv, which somebody else then writes.
+    ChangedBySomebodyElse() {
+        files.files[aFile] = sampleFile();
+        expectOpenDialog(aFile);
+        mnuOpen(program);
+        window.calls.clear();
+    }
+    void writeAsSomebodyElse() { files.files[aFile] = sampleFile(0xCC); }
+};
+
+TEST_F(ChangedBySomebodyElse, AFileAsItWasLoadedIsSavedWithoutAQuestion) {
+    mnuSave(program);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+}
+
+TEST_F(ChangedBySomebodyElse, TheNextSaveAsksForAPlace) {
+    writeAsSomebodyElse();
+    state.isDirty = true;
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    expectStillDirtyAt(aFile);
+    EXPECT_EQ(bytesOn(aFile), sampleFile(0xCC));
+
+    expectSaveDialog(bFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile(0xCC));
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(bFile), sampleFile());
+}
+
+TEST_F(ChangedBySomebodyElse, TheSamePlaceChosenAgainIsWritten) {
+    writeAsSomebodyElse();
+    expectSaveDialog(aFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+    mnuSave(program);
+}
+
+TEST_F(ChangedBySomebodyElse, SinceItWasSavedHereCountsLikeSinceItWasLoaded) {
+    mnuSave(program);
+    writeAsSomebodyElse();
+    expectSaveDialog(std::nullopt);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile(0xCC));
+}
+
+TEST_F(ChangedBySomebodyElse, AFileThatIsGoneIsWrittenAgain) {
+    files.files.erase(aFile);
+    mnuSave(program);
+    EXPECT_EQ(bytesOn(aFile), sampleFile());
+}
+
+TEST_F(ChangedBySomebodyElse, AFileThatThisRunNeitherLoadedNorSavedIsWritten) {
+    expectOpenDialog(std::nullopt);
+    mnuPFile(program, 1);
+    putFile("True", hex("01"));
+    mnuSave(program);
+    EXPECT_EQ(file("True"), sampleFile());
+}
+
 using SaveAs = FileCommands;
 
 TEST_F(SaveAs, AsksAndWritesToTheNewPlaceOnly) {

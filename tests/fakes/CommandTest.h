@@ -20,8 +20,11 @@ class CommandTest : public testing::Test {
   protected:
     CommandTest() {
         reloadForNew = false;
-        state.programFolder = "/Quorvel";
-        state.passwordFile = "/machine/password";
+        state.places.programFolder = "/Quorvel";
+        state.places.passwordFile = "/machine/password";
+        state.places.documents = "/user/Documents";
+        state.places.localData = "/user/local";
+        state.places.temporary = "/temporary";
     }
     ~CommandTest() override { reloadForNew = false; }
 

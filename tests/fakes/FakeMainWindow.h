@@ -14,6 +14,8 @@ class FakeMainWindow final : public MainWindow {
     /// The calls in their order, such as "RefreshGrid" or "setCaption a.qrv".
     std::vector<std::string> calls;
     bool aliasesShown = false;
+    /// What closing it comes to.
+    bool closes = true;
 
     void RefreshGrid() override { calls.emplace_back("RefreshGrid"); }
     void hideEditor() override { calls.emplace_back("hideEditor"); }
@@ -25,7 +27,10 @@ class FakeMainWindow final : public MainWindow {
         calls.push_back("setStudentScrollMaximum " + std::to_string(maximum));
     }
     bool showsAliases() const override { return aliasesShown; }
-    void close() override { calls.emplace_back("close"); }
+    bool close() override {
+        calls.emplace_back("close");
+        return closes;
+    }
     void reload() override { calls.emplace_back("reload"); }
     void endProgram() override { calls.emplace_back("endProgram"); }
 };

@@ -31,6 +31,7 @@ class FileCommands : public TestProgram {
     void workOnA() {
         files.files[aFile] = hex("01");
         state.currentPath = aFile;
+        state.knownFile = {};
         state.sheetFileName = "a.qrv";
         state.saveMode = SaveMode::Save;
         state.isDirty = true;

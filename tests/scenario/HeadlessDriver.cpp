@@ -123,7 +123,12 @@ bool HeadlessDriver::start() {
     files_.copies.clear();
     shell_.launches.clear();
     const Ports ports{conversation_, files_, printer_, canvas_, clock_, shell_};
-    program_ = std::make_unique<frmQRV>(ports, folder_.path(), resolve(passwordFile), codePage());
+    const Places places{.programFolder = folder_.path(),
+                        .passwordFile = resolve(passwordFile),
+                        .documents = user_.path() / "Documents",
+                        .localData = user_.path(),
+                        .temporary = std::filesystem::temp_directory_path()};
+    program_ = std::make_unique<frmQRV>(ports, places, codePage());
     conversation_.begin([this] { program_->start(); });
     return true;
 }

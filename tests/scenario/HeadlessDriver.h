@@ -86,6 +86,7 @@ class HeadlessDriver : public Driver {
     bool act(std::function<void(frmQRV&)> action);
 
     TemporaryFolder folder_;
+    TemporaryFolder user_;
     PosixFiles disk_;
     FaultyFiles files_{disk_};
     FakePrinter printer_;

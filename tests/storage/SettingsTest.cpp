@@ -159,6 +159,24 @@ TEST_F(Settings, AFontWithoutANameOrASizeIsReplacedByTheFirstOne) {
     }
 }
 
+TEST_F(Settings, FilesThatCannotBeReadGiveTheirDefaultsAndAreLeftAlone) {
+    putFile("GradingScale.qrv", scaleFile({90, 80, 70, 60, 50}, "0.5"));
+    putFile("SchoolName.qrv", textRecord("Elm Street School"));
+    putFile("TN.qrv", textRecord("Ms. Doe"));
+    putFile("LS.qrv", textRecord("a.qrv"));
+    putFile("DefaultPrintFont.qrv", fontFile("Arial", size11));
+    const auto before = files.files;
+    for (const auto& [name, bytes] : before) disk.locked.insert(name);
+    readSettings(disk, state);
+    readPrintFont(disk, state);
+    EXPECT_EQ(state.gradingScale.minimums, defaultMinimums);
+    EXPECT_EQ(state.schoolName, "");
+    EXPECT_EQ(state.teacherName, "");
+    EXPECT_EQ(state.recentFiles[0], "");
+    EXPECT_EQ(state.printFont, (PrintFont{"Courier New", 10}));
+    EXPECT_EQ(files.files, before);
+}
+
 TEST_F(Settings, AFontSizeOfAnyTypeIsANumber) {
     putFile("DefaultPrintFont.qrv", fontFile("Arial", hex("02 00 0C 00")));
     readPrintFont(disk, state);
@@ -173,7 +191,7 @@ TEST_F(Settings, AReportReadsScaleAndNamesWithoutTouchingTheFolder) {
     putFile("SchoolName.qrv", textRecord("Elm Street School"));
     putFile("TN.qrv", textRecord("Ms. Doe"));
     const auto before = files.files;
-    const ReportSettings settings = readReportSettings(disk, state.programFolder);
+    const ReportSettings settings = readReportSettings(disk, state.places.programFolder);
     EXPECT_EQ(settings.gradingScale, (GradingScale{{90, 80, 70, 60, 50}, "0.5"}));
     EXPECT_EQ(settings.schoolName, "Elm Street School");
     EXPECT_EQ(settings.teacherName, "Ms. Doe");

@@ -96,8 +96,11 @@ class WindowTest : public testing::Test {
     MemoryFiles files;
     ScriptedDialogs dialogs;
     frmQRV form{{dialogs, files, printer, canvas, clock, shell},
-                "/Quorvel",
-                "/machine/password",
+                {.programFolder = "/Quorvel",
+                 .passwordFile = "/machine/password",
+                 .documents = "/user/Documents",
+                 .localData = "/user/local",
+                 .temporary = "/temporary"},
                 CodePage::windows1252()};
 };
 

@@ -1,5 +1,5 @@
 #include "access/Password.h"
-#include "tests/fakes/CommandTest.h"
+#include "tests/fakes/TestProgram.h"
 
 namespace quorvel {
 namespace {
@@ -14,7 +14,7 @@ constexpr std::string_view mismatch =
     "Password Not Changed: Password Mismatch (You typed two different passwords...try again "
     "please)";
 
-class Password : public CommandTest {
+class Password : public TestProgram {
   protected:
     void store(std::string_view bytes) { placeFile("/machine/password", bytes); }
     void storePassword(std::string_view password) { store(passwordRecord(password)); }
@@ -23,6 +23,22 @@ class Password : public CommandTest {
                       std::string(password));
     }
     std::string stored() const { return bytesOf("/machine/password"); }
+    std::string ownStored() const { return bytesOf(ownFile); }
+    /// As for a user whom the system does not let write into its own folder.
+    void refuseMachineFolder() { disk.protectedFolders.insert("/machine"); }
+    void changePassword(std::string_view oldPassword, std::string_view newPassword) {
+        if (!oldPassword.empty()) giveOldPassword(oldPassword);
+        giveNewPassword(newPassword);
+        confirmPassword(newPassword);
+        expectChanged();
+        mnuEditPassword(program);
+    }
+    void expectInForce(std::string_view password) {
+        dialogs.expectPassword(startUpCaption, std::string(password));
+        EXPECT_TRUE(frmPW(program));
+    }
+
+    static inline const std::filesystem::path ownFile = "/user/local/Quorvel/password";
 
     void expectTryAgain() { dialogs.expectMessage("Quorvel", "Access Denied: Try Again"); }
     void expectShuttingDown() { dialogs.expectMessage("Quorvel", "Access Denied: Shutting Down"); }
@@ -55,29 +71,29 @@ TEST_F(Password, ItsPlaceOnWindowsIsFixed) {
 }
 
 TEST_F(Password, AMissingFileMeansNoPassword) {
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, AnEmptyFileMeansNoPassword) {
     store("");
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, AStoredEmptyTextMeansNoPassword) {
     storePassword("");
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, AFileThatDoesNotHoldATextReadsAsTheTextOfItsValue) {
     store(record(std::string("\x02\0\x2A\0", 4)));
     dialogs.expectPassword(startUpCaption, "42");
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, TheRightEntryOpensTheMainWindow) {
     storePassword("Secret");
     dialogs.expectPassword(startUpCaption, "Secret");
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, TwoWrongEntriesAreForgiven) {
@@ -87,7 +103,7 @@ TEST_F(Password, TwoWrongEntriesAreForgiven) {
     dialogs.expectPassword(startUpCaption, "");
     expectTryAgain();
     dialogs.expectPassword(startUpCaption, "Secret");
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, TheThirdWrongEntryEndsTheProgram) {
@@ -98,7 +114,7 @@ TEST_F(Password, TheThirdWrongEntryEndsTheProgram) {
     expectTryAgain();
     dialogs.expectPassword(startUpCaption, "z");
     expectShuttingDown();
-    EXPECT_FALSE(frmPW(context));
+    EXPECT_FALSE(frmPW(program));
 }
 
 TEST_F(Password, CaseAndBlanksCount) {
@@ -109,7 +125,7 @@ TEST_F(Password, CaseAndBlanksCount) {
     }
     dialogs.expectPassword(startUpCaption, "SECRET");
     expectShuttingDown();
-    EXPECT_FALSE(frmPW(context));
+    EXPECT_FALSE(frmPW(program));
 }
 
 TEST_F(Password, ClosingTheStartUpWindowEndsTheProgram) {
@@ -117,20 +133,20 @@ TEST_F(Password, ClosingTheStartUpWindowEndsTheProgram) {
     dialogs.expectPassword(startUpCaption, "x");
     expectTryAgain();
     dialogs.expectPassword(startUpCaption, std::nullopt);
-    EXPECT_FALSE(frmPW(context));
+    EXPECT_FALSE(frmPW(program));
 }
 
 TEST_F(Password, ReloadingTheMainWindowDoesNotAskAgain) {
     storePassword("Secret");
     reloadForNew = true;
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, AFirstPasswordIsOnlyAskedForAndConfirmed) {
     giveNewPassword("Secret");
     confirmPassword("Secret");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Secret"));
     EXPECT_TRUE(window.calls.empty());
     EXPECT_FALSE(state.isDirty);
@@ -141,7 +157,7 @@ TEST_F(Password, AnEmptyFileAsksForNoOldPassword) {
     giveNewPassword("Secret");
     confirmPassword("Secret");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Secret"));
 }
 
@@ -151,7 +167,7 @@ TEST_F(Password, ChangingAsksForTheOldPasswordFirst) {
     giveNewPassword("New");
     confirmPassword("New");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("New"));
 }
 
@@ -161,9 +177,9 @@ TEST_F(Password, AnEmptyNewPasswordRemovesTheLock) {
     giveNewPassword("");
     confirmPassword("");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord(""));
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, AMismatchLeavesTheFileAlone) {
@@ -172,7 +188,7 @@ TEST_F(Password, AMismatchLeavesTheFileAlone) {
     giveNewPassword("New");
     confirmPassword("new");
     dialogs.expectMessage("Edit Password", mismatch);
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Old"));
 }
 
@@ -186,7 +202,7 @@ TEST_F(Password, TwoWrongOldPasswordsAreForgiven) {
     giveNewPassword("New");
     confirmPassword("New");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("New"));
     EXPECT_TRUE(window.calls.empty());
 }
@@ -200,7 +216,7 @@ TEST_F(Password, TheThirdWrongOldPasswordEndsTheProgramAtOnce) {
     expectWrongOldPassword();
     dialogs.expectPassword(oldCaption, "c");
     expectShuttingDown();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(window.calls, Calls{"endProgram"});
     EXPECT_EQ(stored(), passwordRecord("Old"));
 }
@@ -213,7 +229,7 @@ TEST_F(Password, ReopeningTheWindowForgivesTwoMore) {
         dialogs.expectPassword(oldCaption, "b");
         expectWrongOldPassword();
         dialogs.expectPassword(oldCaption, std::nullopt);
-        mnuEditPassword(context);
+        mnuEditPassword(program);
     }
     EXPECT_TRUE(window.calls.empty());
 }
@@ -222,11 +238,11 @@ TEST_F(Password, ClosingTheWindowAtAnyStageChangesNothing) {
     storePassword("Old");
     giveOldPassword("Old");
     dialogs.expectPassword(newCaption, std::nullopt);
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     giveOldPassword("Old");
     giveNewPassword("New");
     dialogs.expectPassword(confirmCaption, std::nullopt);
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Old"));
     EXPECT_TRUE(window.calls.empty());
 }
@@ -236,10 +252,10 @@ TEST_F(Password, TheLongestPasswordThatFitsIsStored) {
     giveNewPassword(longest);
     confirmPassword(longest);
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord(longest));
     dialogs.expectPassword(startUpCaption, longest);
-    EXPECT_TRUE(frmPW(context));
+    EXPECT_TRUE(frmPW(program));
 }
 
 TEST_F(Password, ALongerPasswordLeavesTheFileAsItIsAndIsReportedAsChanged) {
@@ -249,7 +265,7 @@ TEST_F(Password, ALongerPasswordLeavesTheFileAsItIsAndIsReportedAsChanged) {
     giveNewPassword(tooLong);
     confirmPassword(tooLong);
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Old"));
 }
 
@@ -259,7 +275,7 @@ TEST_F(Password, WritingKeepsTheBytesBehindTheRecord) {
     giveNewPassword("New");
     confirmPassword("New");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("New") + "left behind");
 }
 
@@ -270,8 +286,55 @@ TEST_F(Password, AFileThatCannotBeWrittenIsNotReported) {
     files.readOnly = true;
     confirmPassword("New");
     expectChanged();
-    mnuEditPassword(context);
+    mnuEditPassword(program);
     EXPECT_EQ(stored(), passwordRecord("Old"));
+}
+
+TEST_F(Password, AnOrdinaryUserHasAFileOfTheirOwn) {
+    storePassword("Old");
+    refuseMachineFolder();
+    changePassword("Old", "New");
+    EXPECT_EQ(stored(), passwordRecord("Old"));
+    EXPECT_EQ(ownStored(), passwordRecord("New"));
+    EXPECT_TRUE(files.folders.contains("/user/local/Quorvel"));
+    expectInForce("New");
+    changePassword("New", "Newer");
+    EXPECT_EQ(ownStored(), passwordRecord("Newer"));
+}
+
+TEST_F(Password, AnOrdinaryUserRemovesTheLockWithAnEmptyFileOfTheirOwn) {
+    storePassword("Old");
+    refuseMachineFolder();
+    changePassword("Old", "");
+    EXPECT_EQ(ownStored(), passwordRecord(""));
+    EXPECT_TRUE(frmPW(program));
+}
+
+TEST_F(Password, TheOwnFileGoesOnceTheMachineTookANewerOne) {
+    refuseMachineFolder();
+    changePassword("", "Own");
+    disk.protectedFolders.clear();
+    changePassword("Own", "Machine");
+    EXPECT_EQ(stored(), passwordRecord("Machine"));
+    EXPECT_EQ(ownStored(), "");
+    expectInForce("Machine");
+}
+
+TEST_F(Password, WhatWasWrittenLastCountsAlsoWhereTheOwnFileCannotBeRemoved) {
+    refuseMachineFolder();
+    changePassword("", "Own");
+    disk.protectedFolders.clear();
+    disk.held.insert(ownFile);
+    changePassword("Own", "Machine");
+    EXPECT_EQ(stored(), passwordRecord("Machine"));
+    expectInForce("Machine");
+}
+
+TEST_F(Password, AnOwnFileThatCannotBeReadLeavesTheMachinesInForce) {
+    storePassword("Machine");
+    placeFile(ownFile, passwordRecord("Own"));
+    disk.locked.insert(ownFile);
+    expectInForce("Machine");
 }
 
 }  // namespace

@@ -136,7 +136,7 @@ class frmPWEdit {
 
 bool frmPW(CommandContext& context) {
     const std::string storedPassword = readPassword(context);
-    if (reloadForNew || storedPassword.empty()) return true;
+    if (context.state.reloadForNew || storedPassword.empty()) return true;
 
     Dialogs& dialogs = context.ports.dialogs;
     bool accepted = false;

@@ -1,6 +1,5 @@
 #include "commands/AssignmentCommands.h"
 
-#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -34,9 +33,9 @@ std::optional<std::int16_t> askForValue(CommandContext& context, std::string_vie
         }
         // Every other answer, 0.2 or 00 among them, has to come to 1 at least.
         if (answer == "0") return std::int16_t{0};
-        const double value = roundHalfUpKeepingSmallFraction(leadingNumber(answer));
-        if (value >= smallestValue && value <= largestValue)
-            return static_cast<std::int16_t>(std::floor(value));
+        const Decimal value = typedNumber(answer, *context.state.codePage).roundedUpFromHalf();
+        if (value >= Decimal(smallestValue) && value <= Decimal(largestValue))
+            return static_cast<std::int16_t>(value.toInteger());
         if (!askToTryAgain(context,
                            "Please enter a valid value for the assignment.  "
                            "Click Ok to go back and give the assignment a value.  "
@@ -48,29 +47,31 @@ std::optional<std::int16_t> askForValue(CommandContext& context, std::string_vie
     }
 }
 
-/// The number that an answer means, its sign disregarded; 0 when there is no such assignment.
-int assignmentNumber(CommandContext& context, std::string_view answer) {
-    return numberInRange(std::abs(leadingNumber(answer)), context.sheet.assignmentCount());
+/// The number that an answer gives for an assignment, its sign disregarded.
+Decimal assignmentNumber(const CommandContext& context, std::string_view answer) {
+    return typedNumber(answer, *context.state.codePage).absolute();
 }
 
-/// The number of the assignment to edit; 0 when the user gave up.
-int askForAssignmentToEdit(CommandContext& context) {
+/// The number of the assignment to edit, as it was typed; 0 when the user gave up.
+Decimal askForAssignmentToEdit(CommandContext& context) {
     for (;;) {
         const std::string answer = context.ports.dialogs.prompt(
             {.title = "Edit Assignment",
              .question = "What is the assignment's number that you wish to edit?",
              .defaultAnswer = numberHere});
-        if (const int number = assignmentNumber(context, answer)) return number;
+        const Decimal number = assignmentNumber(context, answer);
+        if (numberInRange(number, context.sheet.assignmentCount()) != 0) return number;
         if (!askToTryAgain(context,
                            "Please enter a valid assignment number.  "
                            "Click OK to go back and try again or click cancel to quit."))
-            return 0;
+            return {};
     }
 }
 
-/// The assignment's new name; empty when the user gave up.
-std::string askForNewName(CommandContext& context, int assignment) {
-    const std::string title = "Edit Assignment " + std::to_string(assignment);
+/// The assignment's new name; empty when the user gave up. The title says the number as it was
+/// typed.
+std::string askForNewName(CommandContext& context, int assignment, const Decimal& typed) {
+    const std::string title = "Edit Assignment " + typed.text();
     for (;;) {
         std::string name = txtTruncate(context.ports.dialogs.prompt(
             {.title = title,
@@ -121,9 +122,10 @@ void mnuEditA(CommandContext& context) {
         return;
     }
 
-    const int assignment = askForAssignmentToEdit(context);
+    const Decimal typed = askForAssignmentToEdit(context);
+    const int assignment = numberInRange(typed, sheet.assignmentCount());
     if (assignment == 0) return reportCanceled();
-    const std::string name = askForNewName(context, assignment);
+    const std::string name = askForNewName(context, assignment, typed);
     if (name.empty()) return reportCanceled();
     const std::optional<std::int16_t> value =
         askForValue(context, "Edit Assignment", std::to_string(sheet.assignmentValue(assignment)),
@@ -150,7 +152,8 @@ void mnuRemoveA(CommandContext& context) {
         dialogs.message({.text = "Assignment Removal Canceled"});
         return;
     }
-    const int assignment = assignmentNumber(context, answer);
+    const int assignment =
+        numberInRange(assignmentNumber(context, answer), context.sheet.assignmentCount());
     if (assignment == 0) {
         dialogs.message(
             {.text = "Assignment Removal Canceled Due to the Invalid Number You Supplied",

@@ -14,17 +14,18 @@ namespace {
 
 constexpr std::string_view cancellation = "Cancellation";
 
-using Percentages = std::array<double, GradingScale::defaultMinimums.size()>;
+using Percentages = std::array<Decimal, GradingScale::defaultMinimums.size()>;
 
 /// Asks for one grade's percentage until it lies between the limits, both excluded; nothing when
 /// the user gave up.
-std::optional<double> askForPercentage(CommandContext& context, std::string_view question,
-                                       std::string_view defaultAnswer, double above, double below) {
+std::optional<Decimal> askForPercentage(CommandContext& context, std::string_view question,
+                                        std::string_view defaultAnswer, const Decimal& above,
+                                        const Decimal& below) {
     for (;;) {
         const std::string answer = context.ports.dialogs.prompt(
             {.title = "Grading Scale", .question = question, .defaultAnswer = defaultAnswer});
         if (answer.empty()) return std::nullopt;
-        const double percentage = leadingNumber(answer);
+        const Decimal percentage = typedNumber(answer, *context.state.codePage);
         if (percentage > above && percentage < below) return percentage;
     }
 }
@@ -32,17 +33,17 @@ std::optional<double> askForPercentage(CommandContext& context, std::string_view
 /// The percentages for the grades from A to E, each below the one before; nothing when the user
 /// gave up.
 std::optional<Percentages> askForPercentages(CommandContext& context) {
-    constexpr double belowA = 100;
-    constexpr Percentages above{5, 4, 3, 2, 1};
+    constexpr int belowA = 100;
+    constexpr std::array<int, GradingScale::defaultMinimums.size()> above{5, 4, 3, 2, 1};
 
-    Percentages percentages{};
-    double below = belowA;
+    Percentages percentages;
+    Decimal below(belowA);
     for (std::size_t grade = 0; grade < percentages.size(); ++grade) {
         const std::string question =
             std::string("What percentage is needed to receive an ") + "ABCDE"[grade] + "?";
-        const std::optional<double> percentage = askForPercentage(
+        const std::optional<Decimal> percentage = askForPercentage(
             context, question, std::to_string(context.state.gradingScale.minimums[grade]),
-            above[grade], below);
+            Decimal(above[grade]), below);
         if (!percentage) return std::nullopt;
         percentages[grade] = below = *percentage;
     }
@@ -109,7 +110,7 @@ void mnuGradingScale(CommandContext& context) {
     GradingScale& scale = context.state.gradingScale;
     scale.roundUp = roundUp == Answer::Yes ? GradingScale::roundUpOn : GradingScale::roundUpOff;
     for (std::size_t grade = 0; grade < percentages->size(); ++grade)
-        scale.minimums[grade] = static_cast<std::int16_t>(roundHalfEven((*percentages)[grade]));
+        scale.minimums[grade] = static_cast<std::int16_t>((*percentages)[grade].roundedHalfEven());
     writeGradingScale(context.ports.files, context.state);
     context.window.RefreshGrid();
 }

@@ -143,7 +143,7 @@ void mnuNew(CommandContext& context) {
     }
     if (!offerToSave(context)) return;
     context.state.isDirty = false;
-    reloadForNew = true;
+    context.state.reloadForNew = true;
     context.window.reload();
 }
 

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "core/Paths.h"
 #include "storage/Reading.h"
@@ -26,41 +25,6 @@ bool askForDisk(CommandContext& context) {
                {.text = "Please insert a disk into the A: (Floppy) Drive to begin the backup.",
                 .title = "Backup",
                 .buttons = Buttons::OkCancel}) == Answer::Ok;
-}
-
-struct Assignment {
-    std::string name;
-    std::int16_t value = 0;
-};
-
-std::vector<Assignment> assignmentsOf(const GradeSheet& sheet) {
-    std::vector<Assignment> assignments;
-    for (int number = 1; number <= sheet.assignmentCount(); ++number)
-        assignments.push_back({sheet.assignmentName(number), sheet.assignmentValue(number)});
-    return assignments;
-}
-
-std::optional<int> countWhere(bool isSet, int count) {
-    return isSet ? std::optional(count) : std::nullopt;
-}
-
-/// Gives `sheet` the class name and the roster of `other`. Its own assignments stay, without a
-/// score, but for the last one: that becomes what `other` has in its place.
-void takeOverRoster(GradeSheet& sheet, const GradeSheet& other) {
-    std::vector<Assignment> assignments = assignmentsOf(sheet);
-    const int last = sheet.assignmentCount();
-    if (last > 0 && last <= other.assignmentCount())
-        assignments.back() = {other.assignmentName(last), other.assignmentValue(last)};
-
-    sheet.sheetTitle = other.sheetTitle;
-    sheet.recreate(countWhere(other.studentCountIsSet(), other.studentCount()),
-                   countWhere(sheet.assignmentCountIsSet(), last));
-    for (int student = 1; student <= other.studentCount(); ++student)
-        sheet.setStudent(student, other.studentName(student), other.studentAlias(student));
-    for (int number = 1; number <= last; ++number) {
-        const Assignment& assignment = assignments[static_cast<std::size_t>(number) - 1];
-        sheet.setAssignment(number, assignment.name, assignment.value);
-    }
 }
 
 }  // namespace
@@ -102,7 +66,7 @@ void mnuCopy(CommandContext& context) {
 
     const SheetReading other = readSheet(context.ports.files, *file);
     if (isUnreadable(other.problem)) return;
-    takeOverRoster(context.sheet, other.sheet);
+    context.sheet.takeOverRoster(other.sheet);
     context.window.setStudentScrollMaximum(context.sheet.studentCount());
     context.window.RefreshGrid();
 }

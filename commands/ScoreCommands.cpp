@@ -1,7 +1,5 @@
 #include "commands/ScoreCommands.h"
 
-#include <cmath>
-
 #include "commands/Questions.h"
 #include "core/Numbers.h"
 
@@ -15,6 +13,7 @@ struct Sequence {
     std::string_view selectionQuestion;
     std::string_view selectionCanceled;
     std::string_view remainderCanceled;
+    bool signCounts;  // whether -2 is another choice than 2
 };
 
 constexpr Sequence byAssignment{
@@ -22,12 +21,14 @@ constexpr Sequence byAssignment{
     .selectionQuestion = "What assignment do you want to input scores for?",
     .selectionCanceled = "Input Assignment Scores Canceled",
     .remainderCanceled = "Remainder of Input Assignment Scores have been canceled",
+    .signCounts = false,
 };
 constexpr Sequence byStudent{
     .title = "Input Student Scores",
     .selectionQuestion = "What student do you want to input scores for?",
     .selectionCanceled = "Input Student Scores Canceled",
     .remainderCanceled = "Remainder of Input Student Scores have been canceled",
+    .signCounts = true,
 };
 
 constexpr std::string_view cancelation = "Cancelation";
@@ -39,9 +40,8 @@ void beginInput(CommandContext& context) {
 }
 
 /// The chosen number, from 1 to `count`; 0 when the user gave up, which has then been reported.
-/// `readNumber` turns an answer into a number; one out of range is just asked for again.
-int askForSelection(CommandContext& context, const Sequence& sequence, int count,
-                    double (*readNumber)(std::string_view answer)) {
+/// One out of range is just asked for again.
+int askForSelection(CommandContext& context, const Sequence& sequence, int count) {
     for (;;) {
         const std::string answer = context.ports.dialogs.prompt(
             {.title = sequence.title, .question = sequence.selectionQuestion});
@@ -50,7 +50,9 @@ int askForSelection(CommandContext& context, const Sequence& sequence, int count
                 {.text = sequence.selectionCanceled, .title = cancelation});
             return 0;
         }
-        if (const int number = numberInRange(readNumber(answer), count)) return number;
+        const Decimal typed = typedNumber(answer, *context.state.codePage);
+        if (const int number = numberInRange(sequence.signCounts ? typed : typed.absolute(), count))
+            return number;
     }
 }
 
@@ -71,13 +73,14 @@ bool askForScore(CommandContext& context, const Sequence& sequence, int assignme
     const std::string answer =
         context.ports.dialogs.prompt({.title = sequence.title,
                                       .question = question,
-                                      .defaultAnswer = sheet.score(assignment, student).text()});
+                                      .defaultAnswer = sheet.score(assignment, student).text(),
+                                      .longestAnswer = Score::longestText});
     if (answer.empty()) {
         context.window.RefreshGrid();
         context.ports.dialogs.message({.text = sequence.remainderCanceled, .title = cancelation});
         return false;
     }
-    sheet.setScore(assignment, student, scoreFromEntry(context.state.codePage->upperCase(answer)));
+    sheet.setScore(assignment, student, scoreFromEntry(answer, *context.state.codePage));
     return true;
 }
 
@@ -96,9 +99,7 @@ void mnuInputA(CommandContext& context) {
         return;
     }
 
-    const int assignment =
-        askForSelection(context, byAssignment, sheet.assignmentCount(),
-                        [](std::string_view answer) { return std::abs(leadingNumber(answer)); });
+    const int assignment = askForSelection(context, byAssignment, sheet.assignmentCount());
     if (assignment == 0) return;
     for (int student = 1; student <= sheet.studentCount(); ++student)
         if (!askForScore(context, byAssignment, assignment, student)) return;
@@ -113,8 +114,7 @@ void mnuInputS(CommandContext& context) {
         return;
     }
 
-    // A sign counts here: -2 is no student.
-    const int student = askForSelection(context, byStudent, sheet.studentCount(), leadingNumber);
+    const int student = askForSelection(context, byStudent, sheet.studentCount());
     if (student == 0) return;
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment)
         if (!askForScore(context, byStudent, assignment, student)) return;

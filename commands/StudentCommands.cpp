@@ -1,5 +1,8 @@
 #include "commands/StudentCommands.h"
 
+#include <functional>
+#include <utility>
+
 #include "commands/Questions.h"
 #include "core/Numbers.h"
 
@@ -13,9 +16,14 @@ constexpr std::string_view invalidNumber =
 /// The answer that keeps a field as it is.
 constexpr std::string_view noChange = "nc";
 
-/// What every change of the roster ends with.
-void sortRosterAndRefresh(CommandContext& context) {
-    context.sheet.sortRoster(*context.state.codePage);
+/// Changes the roster, sorts it and shows it. Should the memory not suffice, nothing has changed.
+void changeRoster(CommandContext& context, const std::function<void(GradeSheet&)>& change) {
+    GradeSheet changed = context.sheet;
+    change(changed);
+    changed.sortRoster(*context.state.codePage);
+    if (changed.studentCount() != context.sheet.studentCount())
+        context.window.setStudentScrollMaximum(changed.studentCount());
+    context.sheet = std::move(changed);
     context.window.RefreshGrid();
 }
 
@@ -25,11 +33,13 @@ int askForStudentToEdit(CommandContext& context) {
         const std::string answer = context.ports.dialogs.prompt(
             {.title = "Edit Student",
              .question = "Please enter the student number that you wish to edit."});
-        const double typed = leadingNumber(answer);
-        if (const int number = numberInRange(typed, context.sheet.studentCount())) return number;
+        const Decimal typed = typedNumber(answer, *context.state.codePage);
+        const int count = context.sheet.studentCount();
+        if (const int number = numberInRange(typed, count)) return number;
         // Only a number that is too small is complained about; one that is too large is just asked
         // for again.
-        if (roundHalfEven(typed) <= 0 && !askToTryAgain(context, invalidNumber, "Error")) return 0;
+        const bool isTooLarge = typed > Decimal(count);
+        if (!isTooLarge && !askToTryAgain(context, invalidNumber, "Error")) return 0;
     }
 }
 
@@ -39,8 +49,8 @@ int askForStudentToRemove(CommandContext& context) {
         const std::string answer = context.ports.dialogs.prompt(
             {.title = "Remove Student",
              .question = "Please enter the student number that you wish to remove."});
-        if (const int number = numberInRange(leadingNumber(answer), context.sheet.studentCount()))
-            return number;
+        const Decimal typed = typedNumber(answer, *context.state.codePage);
+        if (const int number = numberInRange(typed, context.sheet.studentCount())) return number;
         if (!askToTryAgain(context, invalidNumber, "Error")) return 0;
     }
 }
@@ -65,13 +75,11 @@ void mnuAddS(CommandContext& context) {
                         .question = "What is the student's alias? (no more than 15 characters)"});
     if (alias.empty()) return reportCanceled();
 
-    GradeSheet& sheet = context.sheet;
-    sheet.addStudent(name, txtTruncateS(alias));
-    const int student = sheet.studentCount();
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment)
-        sheet.setScore(assignment, student, Score::zero());
-    context.window.setStudentScrollMaximum(student);
-    sortRosterAndRefresh(context);
+    changeRoster(context, [&](GradeSheet& sheet) {
+        sheet.addStudent(name, txtTruncateS(alias));
+        for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment)
+            sheet.setScore(assignment, sheet.studentCount(), Score::zero());
+    });
 }
 
 void mnuEditS(CommandContext& context) {
@@ -105,9 +113,10 @@ void mnuEditS(CommandContext& context) {
     if (alias.empty()) dialogs.message({.text = "Student Edit Canceled", .title = "Edit Student"});
 
     // An empty answer was reported, and yet it empties the field; nothing is cut here.
-    sheet.setStudent(student, name == noChange ? oldName : name,
-                     alias == noChange ? oldAlias : alias);
-    sortRosterAndRefresh(context);
+    changeRoster(context, [&](GradeSheet& changed) {
+        changed.setStudent(student, name == noChange ? oldName : name,
+                           alias == noChange ? oldAlias : alias);
+    });
 }
 
 void mnuRemoveS(CommandContext& context) {
@@ -125,9 +134,7 @@ void mnuRemoveS(CommandContext& context) {
         return;
     }
 
-    sheet.removeStudent(student);
-    context.window.setStudentScrollMaximum(sheet.studentCount());
-    sortRosterAndRefresh(context);
+    changeRoster(context, [&](GradeSheet& changed) { changed.removeStudent(student); });
 }
 
 }  // namespace quorvel

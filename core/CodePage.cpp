@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "core/Digits.h"
+
 namespace quorvel {
 
 namespace {
@@ -80,6 +82,10 @@ std::optional<char32_t> takeUtf8(std::string_view& text) {
     return character;
 }
 
+char plainDigit(int value) {
+    return static_cast<char>('0' + value);
+}
+
 bool startsPair(char16_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
 }
@@ -100,6 +106,14 @@ const CodePage& CodePage::windows1252() {
 std::string CodePage::upperCase(std::string_view text) const {
     std::string result(text);
     for (char& character : result) character = toUpperCase_[byteOf(character)];
+    return result;
+}
+
+std::string CodePage::withPlainDigits(std::string_view text) const {
+    std::string result(text);
+    for (char& character : result)
+        if (const auto value = digitValue(toUnicode_[byteOf(character)]))
+            character = plainDigit(*value);
     return result;
 }
 
@@ -126,9 +140,10 @@ std::string CodePage::fromUtf16(std::u16string_view text) const {
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        result += fromUnicode(text[i]).value_or(substitute);
-        // No page holds a character beyond 16 bits: its two halves are one character that it lacks.
-        if (startsPair(text[i]) && i + 1 < text.size() && endsPair(text[i + 1])) ++i;
+        char32_t character = text[i];
+        if (startsPair(text[i]) && i + 1 < text.size() && endsPair(text[i + 1]))
+            character = supplementaryStart + ((character - 0xD800) << 10) + (text[++i] - 0xDC00);
+        result += fromUnicodeOrSubstitute(character);
     }
     return result;
 }
@@ -138,9 +153,15 @@ std::string CodePage::fromUtf8(std::string_view text) const {
     result.reserve(text.size());
     while (!text.empty()) {
         const std::optional<char32_t> character = takeUtf8(text);
-        result += character ? fromUnicode(*character).value_or(substitute) : substitute;
+        result += character ? fromUnicodeOrSubstitute(*character) : substitute;
     }
     return result;
+}
+
+char CodePage::fromUnicodeOrSubstitute(char32_t character) const {
+    if (const auto byte = fromUnicode(character)) return *byte;
+    const auto value = digitValue(character);
+    return value ? plainDigit(*value) : substitute;
 }
 
 std::optional<char> CodePage::fromUnicode(char32_t character) const {

@@ -20,6 +20,8 @@ class CodePage {
     static const CodePage& windows1252();
 
     std::string upperCase(std::string_view text) const;
+    /// The digits of another script that the page holds, as those that numbers are read from.
+    std::string withPlainDigits(std::string_view text) const;
 
     /// Negative, zero or positive as `left` stands before, beside or behind `right`
     /// when the letters' case is disregarded.
@@ -28,7 +30,8 @@ class CodePage {
     std::u16string toUtf16(std::string_view text) const;
     std::string toUtf8(std::string_view text) const;
 
-    /// A character that the page lacks becomes "?".
+    /// A digit of another script that the page lacks becomes its plain digit, any other character
+    /// "?".
     std::string fromUtf16(std::u16string_view text) const;
     std::string fromUtf8(std::string_view text) const;
 
@@ -36,6 +39,8 @@ class CodePage {
     std::optional<char> fromUnicode(char32_t character) const;
 
   private:
+    char fromUnicodeOrSubstitute(char32_t character) const;
+
     UnicodeTable toUnicode_;
     UpperCaseTable toUpperCase_;
 };

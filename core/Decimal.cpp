@@ -228,6 +228,49 @@ bool Decimal::isNegative() const {
     return isLong() ? negative_ : units_ < 0;
 }
 
+Decimal Decimal::negated() const {
+    Decimal negated = *this;
+    negated.units_ = -units_;
+    negated.negative_ = isLong() && !negative_;
+    return negated;
+}
+
+Decimal Decimal::absolute() const {
+    return isNegative() ? negated() : *this;
+}
+
+std::strong_ordering Decimal::operator<=>(const Decimal& other) const {
+    if (*this == other) return std::strong_ordering::equal;
+    Decimal difference = *this;
+    difference += other.negated();
+    return difference.isNegative() ? std::strong_ordering::less : std::strong_ordering::greater;
+}
+
+Fraction Decimal::fraction() const {
+    if (fractionDigits_ == 0) return Fraction::None;
+    const std::string digits = magnitude();
+    const bool startsBehindTenths = digits.size() < fractionDigits_;
+    const char tenths = startsBehindTenths ? '0' : digits[digits.size() - fractionDigits_];
+    // The last digit is never 0, so only one that stands alone makes exactly one half.
+    if (tenths == '5' && fractionDigits_ == 1) return Fraction::Half;
+    return (tenths >= '5') != isNegative() ? Fraction::AboveHalf : Fraction::BelowHalf;
+}
+
+Decimal Decimal::roundedUpFromHalf() const {
+    const Fraction rest = fraction();
+    if (rest != Fraction::Half && rest != Fraction::AboveHalf) return *this;
+    Decimal rounded = scaledDown(1, 1);
+    rounded += Decimal(1);
+    return rounded;
+}
+
+std::int64_t Decimal::roundedHalfEven() const {
+    const std::int64_t whole = toInteger();
+    const Fraction rest = fraction();
+    const bool roundsUp = rest == Fraction::AboveHalf || (rest == Fraction::Half && whole % 2 != 0);
+    return roundsUp && whole < std::numeric_limits<std::int64_t>::max() ? whole + 1 : whole;
+}
+
 std::string Decimal::text() const {
     std::string digits = magnitude();
     if (digits.size() <= fractionDigits_)
@@ -243,7 +286,7 @@ std::string Decimal::tenthsText() const {
 std::int64_t Decimal::toInteger() const {
     if (!isLong() && fractionDigits_ <= shortDigits)
         return divideDown(units_, powersOfTen[fractionDigits_]);
-    const Decimal whole = isWhole() ? *this : scaledDown(1, 1);
+    const Decimal whole = fractionDigits_ == 0 ? *this : scaledDown(1, 1);
     if (!whole.isLong()) return whole.units_;
     // 19 digits may still fit, more never do.
     constexpr std::size_t mostDigits = shortDigits + 1;

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace quorvel {
+
+/// The part of a number behind its whole part, as far as rounding needs to know it. The whole part
+/// is the greatest whole number not above the number.
+enum class Fraction : std::uint8_t { None, BelowHalf, Half, AboveHalf };
 
 /// An exact decimal number of any length. Typed fractions count as the decimals that were typed,
 /// so averages and percentages of them are computed here and never in floating point.
@@ -23,8 +28,13 @@ class Decimal {
     Decimal scaledDown(std::int64_t factor, std::int64_t divisor) const;
 
     bool isNegative() const;
-    /// Whether there is no fraction.
-    bool isWhole() const { return fractionDigits_ == 0; }
+    /// The number without its sign.
+    Decimal absolute() const;
+    Fraction fraction() const;
+
+    /// The rule for typed scores and point values: a number whose fraction is one half or more
+    /// becomes its whole part plus 1, a smaller fraction stays.
+    Decimal roundedUpFromHalf() const;
 
     /// The decimal text, without needless zeros: "7.25", "12", "-0.5", "0".
     std::string text() const;
@@ -36,13 +46,18 @@ class Decimal {
     /// The digits of a whole number as 64 bits, stopping at their ends. A fraction is cut
     /// toward minus infinity.
     std::int64_t toInteger() const;
+    /// The nearest whole number, exact halves to the even neighbour, stopping at the ends of 64
+    /// bits.
+    std::int64_t roundedHalfEven() const;
 
     bool operator==(const Decimal&) const = default;
+    std::strong_ordering operator<=>(const Decimal& other) const;
 
   private:
     Decimal(bool negative, std::string digits, std::size_t fractionDigits);
 
     bool isLong() const { return !digits_.empty(); }
+    Decimal negated() const;
     std::string magnitude() const;
     void dropNeedlessZeros();
     bool addShort(const Decimal& other);

@@ -82,6 +82,14 @@ Score GradeSheet::score(int assignment, int student) const {
     return found.scores.score(student);
 }
 
+std::optional<int> GradeSheet::studentCountIfSet() const {
+    return studentCountIsSet_ ? std::optional(studentCount()) : std::nullopt;
+}
+
+std::optional<int> GradeSheet::assignmentCountIfSet() const {
+    return assignmentCountIsSet_ ? std::optional(assignmentCount()) : std::nullopt;
+}
+
 void GradeSheet::setStudent(int student, std::string_view name, std::string_view alias) {
     Student& changed = at(student);
     changed.name = name;
@@ -139,15 +147,23 @@ void GradeSheet::replaceBy(GradeSheet other) {
     *this = std::move(other);
 }
 
-void GradeSheet::fillEmptyScores() {
-    const Score zero = Score::zero();
-    for (Assignment& assignment : assignments_) {
-        ScoreColumn& scores = assignment.scores;
-        // From the last student on, so that the column grows once.
-        for (int student = studentCount(); student >= 1; --student)
-            if (student > scores.storedCount() || scores.points(student).empty)
-                scores.setScore(student, zero);
+void GradeSheet::takeOverRoster(const GradeSheet& other) {
+    GradeSheet taken;
+    taken.sheetTitle = other.sheetTitle;
+    taken.recreate(other.studentCountIfSet(), assignmentCountIfSet());
+    for (int student = 1; student <= other.studentCount(); ++student)
+        taken.setStudent(student, other.studentName(student), other.studentAlias(student));
+    const int last = assignmentCount();
+    for (int number = 1; number <= last; ++number) {
+        const bool isTakenOver = number == last && number <= other.assignmentCount();
+        const Assignment& source = (isTakenOver ? other : *this).column(number);
+        taken.setAssignment(number, source.name, source.value);
     }
+    replaceBy(std::move(taken));
+}
+
+void GradeSheet::fillEmptyScores() {
+    for (Assignment& assignment : assignments_) assignment.scores.fillEmpty(studentCount());
 }
 
 void GradeSheet::sortRoster(const CodePage& codePage) {

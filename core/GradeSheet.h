@@ -41,9 +41,10 @@ class GradeSheet {
 
     int studentCount() const { return static_cast<int>(students_.size()); }
     int assignmentCount() const { return static_cast<int>(assignments_.size()); }
-    /// False on a sheet that never had a student (an assignment); its file then holds no count.
-    bool studentCountIsSet() const { return studentCountIsSet_; }
-    bool assignmentCountIsSet() const { return assignmentCountIsSet_; }
+    /// The counts as a file holds them: nothing on a sheet that never had a student (an
+    /// assignment).
+    std::optional<int> studentCountIfSet() const;
+    std::optional<int> assignmentCountIfSet() const;
 
     std::string sheetTitle;
 
@@ -76,7 +77,12 @@ class GradeSheet {
     /// Becomes `other`; the class average stays the one that was computed last.
     void replaceBy(GradeSheet other);
 
-    /// Puts the whole number 0 into every empty cell.
+    /// Gives the sheet the title and the roster of `other`. Its own assignments stay, without a
+    /// score, but for the last one: that becomes what `other` has in its place. The class average
+    /// stays. A sheet that finds no memory stays as it was.
+    void takeOverRoster(const GradeSheet& other);
+
+    /// Puts the whole number 0 into every empty cell. Takes no memory.
     void fillEmptyScores();
 
     /// Puts the roster into the alphabetical order of full names without regard to case, each

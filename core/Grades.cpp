@@ -28,6 +28,7 @@ std::optional<AssignmentAverage> assignmentAverage(const GradeSheet& sheet, int 
     const ScoreColumn& column = sheet.scores(assignment);
     AssignmentAverage average;
     average.value = sheet.assignmentValue(assignment);
+    average.scoreCount = column.zeroCount();
     std::int64_t wholeSum = 0;
     for (int student = 1; student <= column.storedCount(); ++student) {
         const CellPoints points = column.points(student);

@@ -24,8 +24,4 @@ LetterGrade LetterThresholds::letterFor(std::int64_t percentageTenths) const {
     return LetterGrade::F;
 }
 
-LetterGrade GradingScale::letterFor(std::int64_t percentageTenths) const {
-    return LetterThresholds(*this).letterFor(percentageTenths);
-}
-
 }  // namespace quorvel

@@ -9,6 +9,10 @@ namespace quorvel {
 /// A grade from "A" to "F".
 enum class LetterGrade : char { A = 'A', B = 'B', C = 'C', D = 'D', E = 'E', F = 'F' };
 
+inline std::string letterText(LetterGrade grade) {
+    return {static_cast<char>(grade)};
+}
+
 /// The percentages that the grades A to E need, and whether thresholds are lowered by a half point.
 struct GradingScale {
     static constexpr std::array<std::int16_t, 5> defaultMinimums{94, 86, 76, 70, 60};
@@ -21,9 +25,6 @@ struct GradingScale {
     std::string roundUp = roundUpOff;
 
     bool operator==(const GradingScale&) const = default;
-
-    /// The grade of a percentage given in tenths of a percent.
-    LetterGrade letterFor(std::int64_t percentageTenths) const;
 };
 
 /// The percentages, in tenths, that a scale's grades need: worked out once for a whole class.

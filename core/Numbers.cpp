@@ -8,8 +8,6 @@
 #include <limits>
 #include <system_error>
 
-#include "core/Decimal.h"
-
 namespace quorvel {
 
 namespace {
@@ -72,6 +70,12 @@ std::string_view leadingNumberText(std::string_view text) {
     return hasDigit ? text.substr(0, length) : std::string_view();
 }
 
+bool isNumberText(std::string_view text) {
+    const std::string_view number = leadingNumberText(text);
+    return !number.empty() &&
+           std::all_of(number.data() + number.size(), text.data() + text.size(), isBlank);
+}
+
 double leadingNumber(std::string_view text) {
     std::string_view number = leadingNumberText(text);
     if (number.empty()) return 0;
@@ -118,18 +122,17 @@ std::int64_t divideDown(std::int64_t dividend, std::int64_t divisor) {
     return wasCutUp ? quotient - 1 : quotient;
 }
 
-double roundHalfUpKeepingSmallFraction(double number) {
-    const double whole = std::floor(number);
-    return number - whole >= 0.5 ? whole + 1 : number;
-}
-
 std::string tenthsText(std::int64_t tenths) {
     return Decimal(tenths).tenthsText();
 }
 
-int numberInRange(double typed, int count) {
-    const std::int64_t number = roundHalfEven(typed);
-    return number >= 1 && number <= count ? static_cast<int>(number) : 0;
+Decimal typedNumber(std::string_view typed, const CodePage& codePage) {
+    return Decimal::fromText(codePage.withPlainDigits(typed));
+}
+
+int numberInRange(const Decimal& typed, int count) {
+    if (typed <= Decimal(0) || typed > Decimal(count)) return 0;
+    return static_cast<int>(typed.roundedHalfEven());
 }
 
 }  // namespace quorvel

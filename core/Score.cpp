@@ -1,7 +1,5 @@
 #include "core/Score.h"
 
-#include <cmath>
-
 #include "core/Numbers.h"
 
 namespace quorvel {
@@ -14,15 +12,17 @@ bool Score::isExcused() const {
 Decimal Score::reading() const {
     if (const auto* const number = std::get_if<std::int16_t>(&value_)) return Decimal(*number);
     if (const auto* const number = std::get_if<std::int32_t>(&value_)) return Decimal(*number);
-    // A real counts as the decimal that it is shown as. "E" has no leading number.
-    if (const auto* const held = std::get_if<std::string>(&value_)) return Decimal::fromText(*held);
+    if (const auto* const held = std::get_if<std::string>(&value_))
+        return isNumberText(*held) ? Decimal::fromText(*held) : Decimal();
+    // A real counts as the decimal that it is shown as.
     return Decimal::fromText(text());
 }
 
-Score scoreFromEntry(std::string_view upperCased) {
-    if (upperCased == Score::excusedMark) return Score::excused();
-    const double number = std::abs(leadingNumber(upperCased));
-    return Score::ofText(decimalText(roundHalfUpKeepingSmallFraction(number)));
+Score scoreFromEntry(std::string_view typed, const CodePage& codePage) {
+    if (codePage.upperCase(typed) == Score::excusedMark) return Score::excused();
+    const Decimal number = typedNumber(typed, codePage).absolute().roundedUpFromHalf();
+    // The 0 that is written before a bare decimal point may be the one character too many.
+    return Score::ofText(number.text().substr(0, Score::longestText));
 }
 
 }  // namespace quorvel

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "core/CodePage.h"
 #include "core/Decimal.h"
 #include "core/TaggedValue.h"
 
@@ -26,9 +29,17 @@ class Score {
     /// The whole number 0 (not text) that new cells are given.
     static Score zero() { return Score(TaggedValue(std::int16_t{0})); }
 
+    /// What a score's record keeps, and so what can be typed for one.
+    static constexpr std::size_t longestText = 124;
+
     /// The mark of an excused score.
     static constexpr std::string_view excusedMark = "E";
 
+    /// Whether this is zero().
+    bool isZero() const {
+        const auto* const number = std::get_if<std::int16_t>(&value_);
+        return number != nullptr && *number == 0;
+    }
     bool isEmpty() const { return std::holds_alternative<std::monostate>(value_); }
     bool isExcused() const;
     /// Neither empty nor excused.
@@ -37,7 +48,8 @@ class Score {
     const TaggedValue& value() const { return value_; }
     /// What the editor and the prompts show: "E", decimal text, or nothing.
     std::string text() const { return textOf(value_); }
-    /// The exact numeric reading; 0 for an empty or excused cell.
+    /// The exact numeric reading; 0 for an empty or excused cell, and for a text that is not wholly
+    /// a number.
     Decimal reading() const;
 
     bool operator==(const Score&) const = default;
@@ -46,9 +58,8 @@ class Score {
     TaggedValue value_;
 };
 
-/// The score that a typed text stands for: upper-cased "E" is excused; anything else is its leading
+/// The score that a typed text stands for: "E" in any case is excused; anything else is its leading
 /// number without sign, a fraction of one half or more rounded up and a smaller one kept, as text.
-/// `upperCased` is the typed text in upper case.
-Score scoreFromEntry(std::string_view upperCased);
+Score scoreFromEntry(std::string_view typed, const CodePage& codePage);
 
 }  // namespace quorvel

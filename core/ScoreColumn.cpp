@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
+#include <type_traits>
 #include <utility>
+#include <variant>
 
 namespace quorvel {
 
@@ -25,14 +26,7 @@ constexpr std::int32_t packed(const CellPoints& points) {
 }
 
 constexpr std::int32_t packedEmpty = packed(CellPoints{});
-
-CellPoints::Fraction fractionOf(const Decimal& number) {
-    if (number.isWhole()) return CellPoints::Fraction::None;
-    Decimal twice = number;
-    twice += number;
-    if (twice.toInteger() % 2 == 0) return CellPoints::Fraction::BelowHalf;
-    return twice.isWhole() ? CellPoints::Fraction::Half : CellPoints::Fraction::AboveHalf;
-}
+constexpr std::int32_t packedZero = packed(CellPoints{.empty = false});
 
 /// The value of a text of a few digits, which nearly every score is; -1 for any other.
 std::int32_t fewDigits(std::string_view text) {
@@ -62,7 +56,7 @@ CellPoints pointsOf(const Score& score) {
     const Decimal reading = score.reading();
     points.whole = static_cast<std::int32_t>(std::clamp<std::int64_t>(
         reading.toInteger(), -CellPoints::wholeLimit, CellPoints::wholeLimit));
-    points.fraction = fractionOf(reading);
+    points.fraction = reading.fraction();
     return points;
 }
 
@@ -86,7 +80,8 @@ std::size_t indexOf(int student) {
 }  // namespace
 
 Score ScoreColumn::score(int student) const {
-    if (student > storedCount()) return {};
+    if (student > storedCount())
+        return student <= storedCount() + zeroCount_ ? Score::zero() : Score();
     const Cell& cell = cells_[indexOf(student)];
     switch (static_cast<CellType>(cell.type)) {
         case CellType::Short:
@@ -107,49 +102,87 @@ Score ScoreColumn::score(int student) const {
     return {};
 }
 
-void ScoreColumn::setScore(int student, const Score& score) {
-    if (student > storedCount()) {
-        if (score.isEmpty()) return;
-        points_.resize(static_cast<std::size_t>(student), packedEmpty);
-        cells_.resize(static_cast<std::size_t>(student));
-    }
-    Cell& cell = cells_[indexOf(student)];
-    if (cell.textLength == longText) longTexts_.erase(student);
-    cell = {};
+ScoreColumn::Cell ScoreColumn::cellOf(const Score& score) {
+    Cell cell;
     cell.type = static_cast<std::uint8_t>(score.value().index());
-    if (const auto* const text = std::get_if<std::string>(&score.value()))
-        setText(student, *text);
-    else if (const auto* const small = std::get_if<std::int16_t>(&score.value()))
-        std::memcpy(cell.payload.data(), small, sizeof *small);
-    else if (const auto* const large = std::get_if<std::int32_t>(&score.value()))
-        std::memcpy(cell.payload.data(), large, sizeof *large);
-    else if (const auto* const single = std::get_if<float>(&score.value()))
-        std::memcpy(cell.payload.data(), single, sizeof *single);
-    else if (const auto* const real = std::get_if<double>(&score.value()))
-        std::memcpy(cell.payload.data(), real, sizeof *real);
-    points_[indexOf(student)] = packed(pointsOf(score));
+    std::visit(
+        [&cell](const auto& held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::string>) {
+                const bool fits = held.size() <= cell.payload.size();
+                cell.textLength = fits ? static_cast<std::uint8_t>(held.size()) : longText;
+                if (fits) std::memcpy(cell.payload.data(), held.data(), held.size());
+            } else if constexpr (!std::is_same_v<Held, std::monostate>) {
+                std::memcpy(cell.payload.data(), &held, sizeof held);
+            }
+        },
+        score.value());
+    return cell;
 }
 
-void ScoreColumn::setText(int student, std::string_view text) {
-    Cell& cell = cells_[indexOf(student)];
-    if (text.size() > cell.payload.size()) {
-        cell.textLength = longText;
-        longTexts_[student] = text;
-        return;
+void ScoreColumn::setScore(int student, const Score& score) {
+    if (student > storedCount()) {
+        if (holdsUnstored(student, score)) return;
+        storeThrough(student);
     }
-    cell.textLength = static_cast<std::uint8_t>(text.size());
-    std::memcpy(cell.payload.data(), text.data(), text.size());
+    const Cell cell = cellOf(score);
+    const PackedPoints points = packed(pointsOf(score));
+    Cell& changed = cells_[indexOf(student)];
+    if (cell.textLength == longText)
+        longTexts_.insert_or_assign(student, std::get<std::string>(score.value()));
+    else if (changed.textLength == longText)
+        longTexts_.erase(student);
+    changed = cell;
+    points_[indexOf(student)] = points;
+}
+
+/// Whether a cell behind the stored ones holds the score without being stored, as it does when a 0
+/// comes directly behind the zeros.
+bool ScoreColumn::holdsUnstored(int student, const Score& score) {
+    const int firstEmpty = storedCount() + zeroCount_ + 1;
+    if (student < firstEmpty) return score.isZero();
+    if (student > firstEmpty || !score.isZero()) return score.isEmpty();
+    ++zeroCount_;
+    return true;
+}
+
+/// Stores the cells up to `student` as they are. Requires student > storedCount().
+void ScoreColumn::storeThrough(int student) {
+    const std::size_t firstNew = points_.size();
+    const std::size_t count = static_cast<std::size_t>(student);
+    // Cells first: should the points then find no memory, cells behind theirs do not count.
+    cells_.resize(count);
+    points_.resize(count, packedEmpty);
+    const std::size_t zeros = std::min(static_cast<std::size_t>(zeroCount_), count - firstNew);
+    for (std::size_t i = firstNew; i < firstNew + zeros; ++i) setZero(i);
+    zeroCount_ -= static_cast<int>(zeros);
+}
+
+void ScoreColumn::setZero(std::size_t index) {
+    cells_[index] = {.type = static_cast<std::uint8_t>(CellType::Short)};
+    points_[index] = packedZero;
+}
+
+void ScoreColumn::fillEmpty(int studentCount) {
+    for (std::size_t i = 0; i < points_.size(); ++i)
+        if ((points_[i] & emptyBit) != 0) setZero(i);
+    zeroCount_ = std::max(0, studentCount - storedCount());
 }
 
 void ScoreColumn::shrinkTo(int studentCount) {
-    if (studentCount >= storedCount()) return;
-    points_.resize(static_cast<std::size_t>(studentCount));
-    cells_.resize(static_cast<std::size_t>(studentCount));
-    longTexts_.erase(longTexts_.upper_bound(studentCount), longTexts_.end());
+    if (studentCount < storedCount()) {
+        points_.resize(static_cast<std::size_t>(studentCount));
+        cells_.resize(static_cast<std::size_t>(studentCount));
+        longTexts_.erase(longTexts_.upper_bound(studentCount), longTexts_.end());
+    }
+    zeroCount_ = std::min(zeroCount_, studentCount - storedCount());
 }
 
 void ScoreColumn::remove(int student) {
-    if (student > storedCount()) return;
+    if (student > storedCount()) {
+        if (student <= storedCount() + zeroCount_) --zeroCount_;
+        return;
+    }
     points_.erase(points_.begin() + student - 1);
     cells_.erase(cells_.begin() + student - 1);
     longTexts_.erase(student);
@@ -162,23 +195,24 @@ void ScoreColumn::remove(int student) {
 }
 
 void ScoreColumn::reorder(std::span<const int> order) {
-    std::vector<PackedPoints> newPoints;
-    std::vector<Cell> newCells;
-    std::map<int, std::string> newLongTexts;
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const int student = order[i];
-        // Grown only as far as values come, so that a column stays as short as it can.
-        if (student > storedCount() || points(student).empty) continue;
-        newPoints.resize(i + 1, packedEmpty);
-        newCells.resize(i + 1);
-        newPoints[i] = points_[indexOf(student)];
-        newCells[i] = cells_[indexOf(student)];
-        if (newCells[i].textLength == longText)
-            newLongTexts.emplace(static_cast<int>(i) + 1, std::move(longTexts_.at(student)));
-    }
-    points_ = std::move(newPoints);
-    cells_ = std::move(newCells);
-    longTexts_ = std::move(newLongTexts);
+    const bool allZeros = zeroCount_ == static_cast<int>(order.size());
+    if (storedCount() == 0 && (zeroCount_ == 0 || allZeros)) return;
+    ScoreColumn ordered;
+    for (std::size_t i = 0; i < order.size(); ++i)
+        ordered.takeCell(static_cast<int>(i) + 1, *this, order[i]);
+    *this = std::move(ordered);
+}
+
+/// Gives `student`, who has no stored cell yet, the one that `source` has in another column.
+void ScoreColumn::takeCell(int student, const ScoreColumn& from, int source) {
+    if (source > from.storedCount()) return setScore(student, from.score(source));
+    // Stored only as far as values come, so that a column stays as short as it can.
+    if (from.points(source).empty) return;
+    const Cell& cell = from.cells_[indexOf(source)];
+    storeThrough(student);
+    if (cell.textLength == longText) longTexts_.emplace(student, from.longTexts_.at(source));
+    cells_[indexOf(student)] = cell;
+    points_[indexOf(student)] = from.points_[indexOf(source)];
 }
 
 void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
@@ -203,7 +237,7 @@ CellPoints ScoreColumn::points(int student) const {
     const PackedPoints bits = points_[indexOf(student)];
     CellPoints points;
     points.whole = bits >> wholeShift;
-    points.fraction = static_cast<CellPoints::Fraction>(bits & fractionMask);
+    points.fraction = static_cast<Fraction>(bits & fractionMask);
     points.excused = (bits & excusedBit) != 0;
     points.empty = (bits & emptyBit) != 0;
     return points;

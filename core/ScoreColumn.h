@@ -14,9 +14,6 @@ namespace quorvel {
 
 /// What one cell adds to a student's points earned, found once when the score is stored.
 struct CellPoints {
-    /// The part of the number behind its whole part, as far as rounding needs to know it.
-    enum class Fraction : std::uint8_t { None, BelowHalf, Half, AboveHalf };
-
     /// Where the whole part stops.
     static constexpr std::int32_t wholeLimit = 1'000'000;
 
@@ -33,14 +30,18 @@ struct CellPoints {
     }
 };
 
-/// The scores of one assignment, for students 1 to any number: a compact prefix of stored cells,
-/// empty behind it. A column without a value takes no memory.
+/// The scores of one assignment, for students 1 to any number: stored cells first, behind them
+/// zeros of which only the number is kept, and behind those empty cells. So a column without a
+/// typed value takes no memory.
 class ScoreColumn {
   public:
-    /// Cells that were never stored are empty. Requires student >= 1.
+    /// Requires student >= 1.
     Score score(int student) const;
+    /// A column that finds no memory stays as it was.
     void setScore(int student, const Score& score);
 
+    /// Puts the whole number 0 into every empty cell up to `studentCount`. Takes no memory.
+    void fillEmpty(int studentCount);
     /// Forgets every cell behind `studentCount`.
     void shrinkTo(int studentCount);
     /// Takes one student's cell out; every later student's cell moves up by one.
@@ -55,8 +56,10 @@ class ScoreColumn {
     void addPoints(std::int16_t value, std::span<std::int16_t> earned,
                    std::span<std::int16_t> possible) const;
 
-    /// The number of students up to the last stored cell; the cells behind it are empty.
+    /// The number of students up to the last stored cell.
     int storedCount() const { return static_cast<int>(points_.size()); }
+    /// How many cells behind the stored ones hold the whole number 0; those behind them are empty.
+    int zeroCount() const { return zeroCount_; }
     /// Requires 1 <= student <= storedCount().
     CellPoints points(int student) const;
 
@@ -71,13 +74,18 @@ class ScoreColumn {
         std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
     };
 
-    void setText(int student, std::string_view text);
+    static Cell cellOf(const Score& score);
+    bool holdsUnstored(int student, const Score& score);
+    void storeThrough(int student);
+    void takeCell(int student, const ScoreColumn& from, int source);
+    void setZero(std::size_t index);
 
     /// A cell's points and its value, one of each for every stored cell.
     std::vector<PackedPoints> points_;
     std::vector<Cell> cells_;
     /// Texts that do not fit into their cell, by student.
     std::map<int, std::string> longTexts_;
+    int zeroCount_ = 0;
 };
 
 }  // namespace quorvel

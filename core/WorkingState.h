@@ -15,10 +15,6 @@
 
 namespace quorvel {
 
-/// Set by New just before the main window is reloaded: the password is then not asked for, and
-/// closing the window does not end the program. Start-up of the main window clears it.
-inline bool reloadForNew = false;
-
 inline constexpr int recentFileCount = 9;
 
 /// Whether the next save asks for a place.
@@ -47,6 +43,9 @@ struct WorkingState {
     bool exitAfterSave = false;
     bool isDirty = false;
     bool openFromRecent = false;
+    /// Set by New just before the main window is reloaded: the password is then not asked for, and
+    /// closing the window does not end the program. Start-up of the main window clears it.
+    bool reloadForNew = false;
 
     /// The recent files as stored, most recent first.
     std::array<std::string, recentFileCount> recentFiles;
@@ -63,6 +62,7 @@ struct WorkingState {
     std::int16_t currentStudent = 0;
 
     /// The report last chosen (1 to 6) and its further answer: "Name", "Alias" or a number as text.
+    /// Kept on purpose, though nothing reads them.
     std::int16_t reportKind = 0;
     std::string reportOption;
 

@@ -21,8 +21,8 @@ std::string studentLine(const GradeSheet& sheet, int student) {
     for (const std::string& text :
          {tableText(sheet.studentName(student)), tableText(sheet.studentAlias(student)),
           std::to_string(figures.pointsEarned), std::to_string(figures.pointsPossible),
-          tenthsText(figures.percentageTenths),
-          std::string(1, static_cast<char>(figures.letterGrade)), std::to_string(figures.rank)}) {
+          tenthsText(figures.percentageTenths), letterText(figures.letterGrade),
+          std::to_string(figures.rank)}) {
         line += '\t' + text;
     }
     return line + '\n';
@@ -39,9 +39,8 @@ Outcome figures(const Arguments& arguments, Environment& environment) {
         table += studentLine(sheet, student);
     }
     if (const auto& average = sheet.classAverage()) {
-        table += "class\t" + tenthsText(average->tenths) + '\t';
-        table += static_cast<char>(average->letterGrade);
-        table += '\n';
+        table += "class\t" + tenthsText(average->tenths) + '\t' + letterText(average->letterGrade) +
+                 '\n';
     }
     return {environment.codePage.toUtf8(table), ""};
 }

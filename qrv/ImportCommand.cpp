@@ -61,7 +61,7 @@ class FieldReader {
         if (text.empty()) return {};
         if (text == "E" || text == "e") return Score::excused();
         if (!isNumber(text)) throw CsvError(field.place, "a score is a number, E or nothing");
-        Score score = scoreFromEntry(text);
+        Score score = scoreFromEntry(text, codePage_);
         if (std::max(text.size(), score.text().size()) > longestTaggedText) {
             throw CsvError(field.place,
                            "longer than " + std::to_string(longestTaggedText) + " characters");

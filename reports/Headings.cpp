@@ -32,8 +32,4 @@ void printClassRankLine(ReportPage& page, const GradeSheet& sheet, int student) 
     page.text(" (out of ").text(std::to_string(sheet.studentCount())).line(" students)");
 }
 
-std::string letterText(LetterGrade grade) {
-    return std::string(1, static_cast<char>(grade));
-}
-
 }  // namespace quorvel

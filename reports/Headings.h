@@ -19,7 +19,4 @@ void printTeacherLine(ReportPage& page, const ReportData& data);
 void printClassAverageLine(ReportPage& page, const GradeSheet& sheet);
 void printClassRankLine(ReportPage& page, const GradeSheet& sheet, int student);
 
-/// The letter as text.
-std::string letterText(LetterGrade grade);
-
 }  // namespace quorvel

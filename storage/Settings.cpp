@@ -72,7 +72,7 @@ void readSettings(Files& files, WorkingState& state) {
     files.createFolder(gradesFolder(state));
     state.exitAfterSave = false;
     state.isDirty = false;
-    reloadForNew = false;
+    state.reloadForNew = false;
 
     const ReadBytes scale = readSettingsFile(files, state.places.programFolder,
                                              settingsFile::gradingScale, gradingScaleRecords);

@@ -14,6 +14,8 @@ namespace quorvel {
 
 namespace {
 
+static_assert(Score::longestText == longestTaggedText, "what can be typed is kept");
+
 /// Why no sheet can have this count; nothing where it can.
 std::optional<std::string> damageOfCount(const TaggedValue& value, double count) {
     const auto* const text = std::get_if<std::string>(&value);
@@ -106,8 +108,8 @@ class SheetWriter {
     SheetWriter(RecordStream& stream, const GradeSheet& sheet) : stream_(stream), sheet_(sheet) {}
 
     bool goesOn() const { return !stream_.failed(); }
-    int studentCount() { return count(sheet_.studentCount(), sheet_.studentCountIsSet()); }
-    int assignmentCount() { return count(sheet_.assignmentCount(), sheet_.assignmentCountIsSet()); }
+    int studentCount() { return count(sheet_.studentCountIfSet()); }
+    int assignmentCount() { return count(sheet_.assignmentCountIfSet()); }
     void sheetTitle() { stream_.next().text(sheet_.sheetTitle); }
     void score(int assignment, int student) {
         stream_.next().taggedValue(sheet_.score(assignment, student).value());
@@ -120,10 +122,10 @@ class SheetWriter {
     }
 
   private:
-    int count(int number, bool isSet) {
-        stream_.next().taggedValue(isSet ? TaggedValue(static_cast<std::int16_t>(number))
+    int count(std::optional<int> count) {
+        stream_.next().taggedValue(count ? TaggedValue(static_cast<std::int16_t>(*count))
                                          : TaggedValue());
-        return number;
+        return count.value_or(0);
     }
 
     RecordStream& stream_;

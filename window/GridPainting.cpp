@@ -20,10 +20,6 @@ void drawScore(GlyphCanvas& canvas, int row, int column, const Score& score) {
     canvas.placeText(Surface::Grid, rowSet(row), text, scoreLeft(column), rowTop(row), scoreSlots);
 }
 
-std::string letterText(LetterGrade grade) {
-    return {static_cast<char>(grade)};
-}
-
 /// Whole digits right-aligned, then the decimal point and the tenth; both stay blank for a whole
 /// percentage. The decimal point's bitmap exists on the plain background only, so its slot keeps
 /// that background in every row, like a ruled column.

@@ -17,8 +17,6 @@ constexpr int columnsInWideSheets = 10;
 /// The canvas begins this many column pitches from the window's left edge.
 constexpr int columnsLeftOfCanvas = areaLeft / columnPitch;
 
-constexpr int enterKey = 13;
-
 }  // namespace
 
 void frmQRV::Form_MouseDown(double x, double y) {
@@ -83,7 +81,7 @@ void frmQRV::hideEditor() {
 void frmQRV::txtEnter_LostFocus() {
     state_.isDirty = true;
     std::string& text = controls_.txtEnter.text;
-    const Score score = scoreFromEntry(state_.codePage->upperCase(text));
+    const Score score = scoreFromEntry(text, *state_.codePage);
     text = score.text();
     sheet_.setScore(state_.currentAssignment, state_.currentStudent, score);
     RefreshGrid();

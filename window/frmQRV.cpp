@@ -123,7 +123,7 @@ bool frmQRV::close() {
     if (!offerToSave(program)) return false;
     canvas_.release();
     open_ = false;
-    if (!reloadForNew) ended_ = true;
+    if (!state_.reloadForNew) ended_ = true;
     return true;
 }
 

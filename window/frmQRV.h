@@ -64,8 +64,10 @@ class frmQRV final : public MainWindow {
     void scroll(ScrollBar Controls::*bar, int position);
     /// The user changed the editor's text, or selected another part of it.
     void txtEnter_Change(std::string_view text);
-    /// A key in the editor, as a virtual key code; 13 is Enter. Text arrives through
-    /// txtEnter_Change.
+    /// The virtual key codes of Enter and Escape.
+    static constexpr int enterKey = 13;
+    static constexpr int escapeKey = 27;
+    /// A key in the editor, as a virtual key code. Text arrives through txtEnter_Change.
     void txtEnter_KeyDown(int keyCode);
     /// The window's close box, and the end of the Windows session.
     void closeBox();
@@ -93,8 +95,8 @@ class frmQRV final : public MainWindow {
     void reload() override;
     void endProgram() override;
 
-    /// What the editor holds at most: the text of one score record.
-    static constexpr std::size_t longestEntry = 124;
+    /// What the editor holds at most.
+    static constexpr std::size_t longestEntry = Score::longestText;
 
   private:
     CommandContext context() { return {sheet_, state_, *this, ports_}; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -15,10 +16,15 @@ enum class Icon { None, Critical, Information };
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Answer { Ok, Cancel, Yes, No };
 
+/// What a text record holds, and so what can be typed for a text.
+inline constexpr std::size_t longestTextAnswer = 126;
+
 struct Prompt {
     std::string_view title;
     std::string_view question;  // lines are separated by CR LF
     std::string_view defaultAnswer = "";
+    /// What the box takes; a longer default answer is cut.
+    std::size_t longestAnswer = longestTextAnswer;
 };
 
 struct Message {
@@ -41,9 +47,6 @@ using SubmitPassword =
 /// Everything that asks the user something. Every call is modal and returns when it was answered.
 class Dialogs {
   public:
-    /// The longest answer that a prompt box takes: what a text record holds.
-    static constexpr std::size_t maximumAnswerLength = 126;
-
     virtual ~Dialogs() = default;
 
     /// The answer; empty when the box was cancelled, which counts as an empty answer everywhere.

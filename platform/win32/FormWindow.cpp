@@ -22,7 +22,6 @@ namespace {
 constexpr DWORD windowStyle =
     WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr int studentsPerWheelNotch = 3;
-constexpr int enterKey = 13;
 
 RECT rectOf(const Rectangle& place) {
     return {place.left, place.top, place.left + place.width, place.top + place.height};
@@ -59,8 +58,9 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
       canvas_(canvas),
       codePage_(codePage),
       controls_(codePage),
-      editor_(codePage, {.enterKey = [this] { act([this] { form_.txtEnter_KeyDown(enterKey); }); },
-                         .tabKey = [this] { act([this] { form_.hideEditor(); }); }}),
+      editor_(codePage,
+              {.enterKey = [this] { act([this] { form_.txtEnter_KeyDown(frmQRV::enterKey); }); },
+               .tabKey = [this] { act([this] { form_.hideEditor(); }); }}),
       accelerators_(createAccelerators()) {
     registerWindowClass(procedure);
     if (::CreateWindowExW(0, control_id::mainWindowClass, L"", windowStyle, CW_USEDEFAULT, 0, 0, 0,

@@ -35,7 +35,7 @@ void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePa
     const std::wstring question = toWide(prompt.question, codePage);
     // The limit of the box holds for what is typed only.
     const std::wstring defaultAnswer =
-        toWide(prompt.defaultAnswer.substr(0, Dialogs::maximumAnswerLength), codePage);
+        toWide(prompt.defaultAnswer.substr(0, prompt.longestAnswer), codePage);
     const SIZE size = questionSize(dialog, font, question);
     const int width = std::max(narrowestQuestion, static_cast<int>(size.cx));
     const int questionHeight = static_cast<int>(size.cy);
@@ -71,7 +71,7 @@ void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePa
                            .font = font});
     setWindowText(dialog, prompt.title, codePage);
     setClientSize(dialog, margin + width + margin, buttonTop + buttonHeight + margin);
-    ::SendMessageW(answer, EM_SETLIMITTEXT, Dialogs::maximumAnswerLength, 0);
+    ::SendMessageW(answer, EM_SETLIMITTEXT, prompt.longestAnswer, 0);
 }
 
 }  // namespace

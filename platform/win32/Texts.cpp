@@ -9,6 +9,17 @@ namespace {
 
 constexpr UINT westernCodePage = 1252;
 
+/// The system's page, or that of its language where the system's is UTF-8.
+UINT ansiCodePage() {
+    const UINT active = ::GetACP();
+    if (active != CP_UTF8) return active;
+    UINT ofLanguage = 0;
+    ::GetLocaleInfoEx(LOCALE_NAME_SYSTEM_DEFAULT,
+                      LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                      reinterpret_cast<wchar_t*>(&ofLanguage), sizeof ofLanguage / sizeof(wchar_t));
+    return ofLanguage;
+}
+
 bool isSingleByte(UINT codePage) {
     CPINFO info{};
     return ::GetCPInfo(codePage, &info) != 0 && info.MaxCharSize == 1;
@@ -76,7 +87,7 @@ std::string systemErrorText(DWORD error, const CodePage& codePage) {
 }
 
 CodePage systemCodePage() {
-    const UINT codePage = ::GetACP();
+    const UINT codePage = ansiCodePage();
     if (codePage == westernCodePage || !isSingleByte(codePage)) return CodePage::windows1252();
     const CodePage::UnicodeTable unicode = unicodeTable(codePage);
     return {unicode, upperCaseTable(codePage, unicode)};

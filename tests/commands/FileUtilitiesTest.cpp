@@ -208,14 +208,14 @@ TEST_F(FileUtilities, CopyingIntoASheetWithoutAssignmentsTakesNone) {
     copyFrom(otherSheet(2, 3));
     EXPECT_EQ(sheet.studentCount(), 2);
     EXPECT_EQ(sheet.assignmentCount(), 0);
-    EXPECT_FALSE(sheet.assignmentCountIsSet());
+    EXPECT_EQ(sheet.assignmentCountIfSet(), std::nullopt);
 }
 
 TEST_F(FileUtilities, CopyingFromASheetThatNeverHadAStudentUnsetsTheCount) {
     makeOpenSheet();
     copyFrom(otherSheet(0, 1));
     EXPECT_EQ(sheet.studentCount(), 0);
-    EXPECT_FALSE(sheet.studentCountIsSet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
     EXPECT_EQ(window.calls, (Calls{"setStudentScrollMaximum 0", "RefreshGrid"}));
 }
 

@@ -117,7 +117,7 @@ TEST_F(StudentCommands, AddingWithoutANameAddsNobodyAndMarksTheSheetUnsaved) {
     expectAdditionCanceled();
     mnuAddS(context);
     EXPECT_EQ(sheet.studentCount(), 0);
-    EXPECT_FALSE(sheet.studentCountIsSet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
     EXPECT_TRUE(state.isDirty);
     EXPECT_TRUE(window.calls.empty());
 }
@@ -250,6 +250,7 @@ TEST_F(StudentCommands, EditingRoundsAFractionHalvesToEven) {
     mnuEditS(context);
     answerEditNumber("3.5");
     answerEditNumber("3.4");
+    answerEditNumber("2.6");
     answerEdit("Student C", "nc", "C", "nc");
     mnuEditS(context);
 }

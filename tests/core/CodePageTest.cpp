@@ -135,6 +135,27 @@ TEST(CodePage, WritesAQuestionMarkForEachDamagedByte) {
     EXPECT_EQ(page().fromUtf8("\xF5\x80\x80\x80"), "????") << "beyond the last character";
 }
 
+TEST(CodePage, WritesADigitOfAnotherScriptThatItLacksAsItsDigit) {
+    EXPECT_EQ(page().fromUtf16(u"\uFF11\uFF10.\uFF19"), "10.9") << "full width";
+    EXPECT_EQ(page().fromUtf16(u"\u0663\u06F4\u0967\u0E55"), "3415");
+    EXPECT_EQ(page().fromUtf16(u"\U0001D7D8\U0001D7FF"), "09") << "beyond 16 bits";
+    EXPECT_EQ(page().fromUtf8("\xEF\xBC\x97"), "7");
+    EXPECT_EQ(page().fromUtf16(u"\uFF0F\uFF1A\u066A"), "???") << "beside the digits";
+    EXPECT_EQ(page().fromUtf16(u"\u2460\u2077"), "??") << "digits in a circle and raised";
+    EXPECT_EQ(page().fromUtf16(u"\u00B2"), "\xB2") << "a character that the page has";
+    EXPECT_EQ(page().fromUnicode(0xFF11), std::nullopt);
+}
+
+TEST(CodePage, KeepsTheDigitsOfAnotherScriptThatItHas) {
+    CodePage::UnicodeTable unicode{};
+    for (std::size_t byte = 0; byte < unicode.size(); ++byte)
+        unicode[byte] = static_cast<char16_t>(byte < 0x80 ? byte : 0x0E50 - 0xF0 + byte);
+    const CodePage thai(unicode, {});
+    EXPECT_EQ(thai.fromUtf16(u"\u0E51"), "\xF1");
+    EXPECT_EQ(thai.withPlainDigits("\xF1\xF9.5 \xE1"), "19.5 \xE1");
+    EXPECT_EQ(page().withPlainDigits("\xF1 7\xB2"), "\xF1 7\xB2");
+}
+
 TEST(CodePage, TakesItsTablesFromElsewhere) {
     CodePage::UnicodeTable unicode{};
     CodePage::UpperCaseTable upperCase{};

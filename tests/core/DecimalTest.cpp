@@ -26,7 +26,7 @@ std::string sum(std::string_view left, std::string_view right) {
 TEST(Decimal, IsZeroAtFirst) {
     EXPECT_EQ(Decimal().text(), "0");
     EXPECT_EQ(Decimal(), Decimal(0));
-    EXPECT_TRUE(Decimal().isWhole());
+    EXPECT_EQ(Decimal().fraction(), Fraction::None);
     EXPECT_FALSE(Decimal().isNegative());
 }
 
@@ -82,9 +82,9 @@ TEST(Decimal, KnowsItsSignAndWhetherItIsWhole) {
     EXPECT_TRUE(decimal("-99999999999999999999").isNegative());
     EXPECT_FALSE(decimal("99999999999999999999").isNegative());
     EXPECT_FALSE(decimal("-0").isNegative());
-    EXPECT_TRUE(decimal("7.0").isWhole());
-    EXPECT_FALSE(decimal("7.5").isWhole());
-    EXPECT_FALSE(decimal("99999999999999999999.5").isWhole());
+    EXPECT_EQ(decimal("7.0").fraction(), Fraction::None);
+    EXPECT_NE(decimal("7.5").fraction(), Fraction::None);
+    EXPECT_NE(decimal("99999999999999999999.5").fraction(), Fraction::None);
 }
 
 TEST(Decimal, AddsExactly) {
@@ -266,6 +266,113 @@ TEST(Decimal, TakesTextsOfAnyLength) {
     EXPECT_EQ(sum("1" + std::string(2000, '0'), "-1"), nines);
     EXPECT_EQ(decimal("0." + nines).scaledDown(1, 1), Decimal(0));
     EXPECT_EQ(decimal("-0." + nines).scaledDown(1, 1), Decimal(-1));
+}
+
+TEST(Decimal, TellsTheFractionAboveItsWholePart) {
+    struct Case {
+        const char* number;
+        Fraction fraction;
+    };
+    const Case cases[] = {
+        {"0", Fraction::None},
+        {"-3", Fraction::None},
+        {"7.000", Fraction::None},
+        {"7.3", Fraction::BelowHalf},
+        {"7.05", Fraction::BelowHalf},
+        {"7.5", Fraction::Half},
+        {"7.51", Fraction::AboveHalf},
+        {"7.9", Fraction::AboveHalf},
+        {"-0.3", Fraction::AboveHalf},
+        {"-0.05", Fraction::AboveHalf},
+        {"-0.5", Fraction::Half},
+        {"-0.51", Fraction::BelowHalf},
+        {"99999999999999999999999.25", Fraction::BelowHalf},
+        {"99999999999999999999999.5", Fraction::Half},
+        {"0.49999999999999999999999", Fraction::BelowHalf},
+        {"-0.49999999999999999999999", Fraction::AboveHalf},
+        {"0.50000000000000000000001", Fraction::AboveHalf},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Decimal::fromText(c.number).fraction(), c.fraction) << c.number;
+}
+
+TEST(Decimal, RoundsUpFromOneHalfAndKeepsASmallerFraction) {
+    struct Case {
+        const char* number;
+        const char* result;
+    };
+    const Case cases[] = {
+        {"0", "0"},
+        {"7", "7"},
+        {"7.5", "8"},
+        {"7.9", "8"},
+        {"7.3", "7.3"},
+        {"12.49", "12.49"},
+        {"12.4999999999999999", "12.4999999999999999"},
+        {"7.4999999999999999999999999", "7.4999999999999999999999999"},
+        {"0.5", "1"},
+        {"0.2", "0.2"},
+        {"999.4", "999.4"},
+        {"999.5", "1000"},
+        {"-0.3", "0"},
+        {"-0.5", "0"},
+        {"-0.7", "-0.7"},
+        {"-2", "-2"},
+        {"99999999999999999999.5", "100000000000000000000"},
+        {"99999999999999999999.25", "99999999999999999999.25"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Decimal::fromText(c.number).roundedUpFromHalf().text(), c.result) << c.number;
+}
+
+TEST(Decimal, RoundsToTheNearestAndAtAHalfToTheEvenNeighbour) {
+    struct Case {
+        const char* number;
+        std::int64_t rounded;
+    };
+    const Case cases[] = {
+        {"0.5", 0},
+        {"1.5", 2},
+        {"2.5", 2},
+        {"-0.5", 0},
+        {"-1.5", -2},
+        {"-2.5", -2},
+        {"2.4999999999999999999999", 2},
+        {"2.5000000000000000000001", 3},
+        {"-2.5000000000000000000001", -3},
+        {"9223372036854775806.5", largest - 1},
+        {"9223372036854775807.5", largest},
+        {"99999999999999999999999", largest},
+        {"-99999999999999999999999.5", smallest},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(Decimal::fromText(c.number).roundedHalfEven(), c.rounded) << c.number;
+}
+
+TEST(Decimal, IsOrderedByItsValue) {
+    const char* const ascending[] = {"-99999999999999999999999",
+                                     "-12",
+                                     "-0.5",
+                                     "-0.49999999999999999999999",
+                                     "0",
+                                     "0.00000000000000000000001",
+                                     "2.4",
+                                     "2.40000000000000000000001",
+                                     "12",
+                                     "99999999999999999999999",
+                                     "99999999999999999999999.1"};
+    for (std::size_t left = 0; left < std::size(ascending); ++left)
+        for (std::size_t right = 0; right < std::size(ascending); ++right)
+            EXPECT_TRUE((Decimal::fromText(ascending[left]) <=>
+                         Decimal::fromText(ascending[right])) == (left <=> right))
+                << ascending[left] << " and " << ascending[right];
+}
+
+TEST(Decimal, LosesItsSign) {
+    EXPECT_EQ(Decimal::fromText("-2.5").absolute().text(), "2.5");
+    EXPECT_EQ(Decimal::fromText("2.5").absolute().text(), "2.5");
+    EXPECT_EQ(Decimal::fromText("-99999999999999999999.5").absolute().text(),
+              "99999999999999999999.5");
 }
 
 }  // namespace

@@ -124,10 +124,10 @@ TEST(Figures, LeaveAnExcusedScoreOutOfBothSums) {
     EXPECT_EQ(figures.pointsPossible, 20);
 }
 
-TEST(Figures, ReadAnyOtherTextAsItsLeadingNumber) {
-    const StudentFigures figures = figuresOf({"e", "absent", " 7 of 10"}, {10, 10, 10});
-    EXPECT_EQ(figures.pointsEarned, 7);
-    EXPECT_EQ(figures.pointsPossible, 30);
+TEST(Figures, ReadATextThatIsNotWhollyANumberAsZeroOfTheFullValue) {
+    const StudentFigures figures = figuresOf({"e", "7x", " 7 of 10", " 5 "}, {10, 10, 10, 10});
+    EXPECT_EQ(figures.pointsEarned, 5);
+    EXPECT_EQ(figures.pointsPossible, 40);
 }
 
 TEST(Figures, AreAHundredPercentWhereNothingIsPossible) {

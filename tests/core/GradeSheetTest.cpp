@@ -65,25 +65,25 @@ TEST(GradeSheet, IsEmptyAtFirstAndItsCountsWereNeverSet) {
     GradeSheet sheet;
     EXPECT_EQ(sheet.studentCount(), 0);
     EXPECT_EQ(sheet.assignmentCount(), 0);
-    EXPECT_FALSE(sheet.studentCountIsSet());
-    EXPECT_FALSE(sheet.assignmentCountIsSet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_EQ(sheet.assignmentCountIfSet(), std::nullopt);
     EXPECT_EQ(sheet.sheetTitle, "");
     EXPECT_EQ(sheet.classAverage(), std::nullopt);
     sheet.fillEmptyScores();
     sheet.sortRoster(CodePage::windows1252());
     sheet.recomputeFigures({});
     EXPECT_EQ(sheet.studentCount(), 0);
-    EXPECT_FALSE(sheet.studentCountIsSet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
 }
 
 TEST(GradeSheet, GivesEachStudentOneEmptyCellInTheFirstAssignment) {
     GradeSheet sheet;
     sheet.addStudent("Doe, Jane", "Jane");
     sheet.addStudent("Roe, Rick", "Rick");
-    EXPECT_TRUE(sheet.studentCountIsSet());
-    EXPECT_FALSE(sheet.assignmentCountIsSet());
+    EXPECT_NE(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_EQ(sheet.assignmentCountIfSet(), std::nullopt);
     sheet.addAssignment("Quiz", 20);
-    EXPECT_TRUE(sheet.assignmentCountIsSet());
+    EXPECT_NE(sheet.assignmentCountIfSet(), std::nullopt);
     EXPECT_EQ(sheet.assignmentName(1), "Quiz");
     EXPECT_EQ(sheet.assignmentValue(1), 20);
     EXPECT_EQ(cells(sheet, 1), (Texts{"-", "-"}));
@@ -158,8 +158,8 @@ TEST(GradeSheet, KnowsItsCountsAfterTheLastStudentAndAssignmentAreGone) {
     sheet.removeAssignment(1);
     EXPECT_EQ(sheet.studentCount(), 0);
     EXPECT_EQ(sheet.assignmentCount(), 0);
-    EXPECT_TRUE(sheet.studentCountIsSet());
-    EXPECT_TRUE(sheet.assignmentCountIsSet());
+    EXPECT_NE(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_NE(sheet.assignmentCountIfSet(), std::nullopt);
 }
 
 TEST(GradeSheet, RemovesAStudentWithoutAnyAssignment) {
@@ -248,26 +248,26 @@ TEST(GradeSheet, StartsAnewWithOtherCounts) {
     EXPECT_EQ(sheet.assignmentName(1), "");
     EXPECT_EQ(sheet.assignmentValue(1), 0);
     EXPECT_EQ(cells(sheet, 1), (Texts{"-", "-"}));
-    EXPECT_TRUE(sheet.studentCountIsSet());
-    EXPECT_TRUE(sheet.assignmentCountIsSet());
+    EXPECT_NE(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_NE(sheet.assignmentCountIfSet(), std::nullopt);
 }
 
 TEST(GradeSheet, ForgetsCountsThatAreNotGivenAnew) {
     GradeSheet sheet = sheetOf(3, 2);
     sheet.recreate(std::nullopt, 0);
     EXPECT_EQ(sheet.studentCount(), 0);
-    EXPECT_FALSE(sheet.studentCountIsSet());
-    EXPECT_TRUE(sheet.assignmentCountIsSet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_NE(sheet.assignmentCountIfSet(), std::nullopt);
     sheet.recreate(0, std::nullopt);
-    EXPECT_TRUE(sheet.studentCountIsSet());
-    EXPECT_FALSE(sheet.assignmentCountIsSet());
+    EXPECT_NE(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_EQ(sheet.assignmentCountIfSet(), std::nullopt);
 }
 
 TEST(GradeSheet, StopsCountsAtTheirLimits) {
     GradeSheet sheet;
     sheet.recreate(-3, 40000);
     EXPECT_EQ(sheet.studentCount(), 0);
-    EXPECT_TRUE(sheet.studentCountIsSet());
+    EXPECT_NE(sheet.studentCountIfSet(), std::nullopt);
     EXPECT_EQ(sheet.assignmentCount(), 32767);
 }
 
@@ -305,6 +305,61 @@ TEST(GradeSheet, FillsOnlyEmptyCellsWithTheNumberZero) {
     EXPECT_EQ(sheet.score(1, 4), Score::zero());
     EXPECT_EQ(cells(sheet, 2), (Texts{"2.1", "2.2", "2.3", "2.4"}));
     for (int s = 1; s <= 4; ++s) EXPECT_EQ(sheet.score(3, s), Score::zero()) << s;
+}
+
+TEST(GradeSheet, FillsTheLargestSheetWithoutAnyMemoryForItsCells) {
+    GradeSheet sheet;
+    sheet.recreate(GradeSheet::maximumCount, GradeSheet::maximumCount);
+    sheet.setScore(2, 2, text("7"));
+    sheet.fillEmptyScores();
+    EXPECT_EQ(sheet.score(32767, 32767), Score::zero());
+    EXPECT_EQ(sheet.scores(32767).storedCount(), 0);
+    EXPECT_EQ(sheet.scores(2).storedCount(), 2);
+    EXPECT_EQ(sheet.score(2, 1), Score::zero());
+}
+
+TEST(GradeSheet, GivesANewStudentEmptyCellsBehindZerosToo) {
+    GradeSheet sheet;
+    sheet.addStudent("Doe", "D");
+    sheet.addAssignment("Quiz", 10);
+    sheet.fillEmptyScores();
+    sheet.addStudent("Roe", "R");
+    EXPECT_EQ(cells(sheet, 1), (Texts{"0", "-"}));
+}
+
+TEST(GradeSheet, TakesOverARosterAndTheLastAssignmentOfAnotherSheet) {
+    GradeSheet other = sheetOf(3, 3);
+    other.sheetTitle = "Other";
+    other.setAssignment(2, "Other second", 77);
+    GradeSheet sheet = sheetOf(1, 2);
+    sheet.setAssignment(1, "First", 11);
+    sheet.recomputeFigures({});
+    const std::optional<ClassAverage> average = sheet.classAverage();
+    sheet.takeOverRoster(other);
+    EXPECT_EQ(sheet.sheetTitle, "Other");
+    EXPECT_EQ(names(sheet), names(other));
+    EXPECT_EQ(aliases(sheet), aliases(other));
+    EXPECT_EQ(sheet.assignmentCount(), 2);
+    EXPECT_EQ(sheet.assignmentName(1), "First");
+    EXPECT_EQ(sheet.assignmentValue(1), 11);
+    EXPECT_EQ(sheet.assignmentName(2), "Other second");
+    EXPECT_EQ(sheet.assignmentValue(2), 77);
+    EXPECT_EQ(cells(sheet, 1), (Texts{"-", "-", "-"}));
+    EXPECT_EQ(sheet.classAverage(), average);
+}
+
+TEST(GradeSheet, KeepsItsLastAssignmentWhereTheOtherSheetHasFewer) {
+    GradeSheet sheet = sheetOf(1, 2);
+    sheet.takeOverRoster(sheetOf(2, 1));
+    EXPECT_EQ(sheet.assignmentName(1), "A1");
+    EXPECT_EQ(sheet.assignmentName(2), "A2");
+}
+
+TEST(GradeSheet, TakesOverThatARosterWasNeverSet) {
+    GradeSheet sheet = sheetOf(2, 0);
+    sheet.takeOverRoster(GradeSheet());
+    EXPECT_EQ(sheet.studentCountIfSet(), std::nullopt);
+    EXPECT_EQ(sheet.assignmentCountIfSet(), std::nullopt);
 }
 
 TEST(RosterSort, PutsNamesIntoOrderWithoutRegardToCase) {

@@ -223,38 +223,6 @@ TEST(DivideDown, CutsTowardMinusInfinity) {
     EXPECT_EQ(divideDown(-1, 1000), -1);
 }
 
-TEST(RoundHalfUpKeepingSmallFraction, RoundsUpFromOneHalfOn) {
-    struct Case {
-        double number, result;
-    };
-    const Case cases[] = {
-        {0, 0},
-        {7, 7},
-        {7.5, 8},
-        {7.9, 8},
-        {7.3, 7.3},
-        {12.5, 13},
-        {12.49, 12.49},
-        {0.5, 1},
-        {0.2, 0.2},
-        {8.5, 9},
-        {9.5, 10},
-        {9.25, 9.25},
-        {999.4, 999.4},
-        {999.5, 1000},
-        {-0.3, 0},
-        {-0.5, 0},
-        {-0.7, -0.7},
-        {-2, -2},
-        {1e300, 1e300},
-        {4503599627370495.5, 4503599627370496.0},
-        {0.49999999999999994, 0.49999999999999994},
-        {1.4999999999999998, 1.4999999999999998},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(roundHalfUpKeepingSmallFraction(c.number), c.result) << c.number;
-}
-
 TEST(TenthsText, SetsTheDecimalPoint) {
     EXPECT_EQ(tenthsText(944), "94.4");
     EXPECT_EQ(tenthsText(1000), "100");
@@ -267,20 +235,53 @@ TEST(TenthsText, SetsTheDecimalPoint) {
     EXPECT_EQ(tenthsText(32767000), "3276700");
 }
 
-TEST(NumberInRange, RoundsHalvesToEvenBeforeItLooks) {
+TEST(NumberText, IsOneNumberAndNothingButBlanksAroundIt) {
+    for (const char* text : {"7", " 7", "7 ", "\t -7.5 \t", "+7", ".5", "5.", "007", "-0"})
+        EXPECT_TRUE(isNumberText(text)) << "'" << text << "'";
+    for (const char* text : {"", " ", "7x", "x7", "7 8", "- 7", "1.2.3", "1e5", "E", ".", "7,5"})
+        EXPECT_FALSE(isNumberText(text)) << "'" << text << "'";
+}
+
+TEST(TypedNumber, IsTheLeadingNumberWithDigitsOfAnyScriptThatThePageHas) {
+    CodePage::UnicodeTable unicode{};
+    CodePage::UpperCaseTable upperCase{};
+    for (std::size_t byte = 0; byte < unicode.size(); ++byte)
+        unicode[byte] = static_cast<char16_t>(byte < 0x80 ? byte : 0x0E50 - 0xF0 + byte);  // Thai
+    const CodePage thai(unicode, upperCase);
+    EXPECT_EQ(typedNumber("\xF1\xF2.\xF5 points", thai), Decimal::fromText("12.5"));
+    EXPECT_EQ(typedNumber(" -3x", CodePage::windows1252()), Decimal(-3));
+    EXPECT_EQ(typedNumber("\xF1\xF2", CodePage::windows1252()), Decimal());
+}
+
+TEST(NumberInRange, LooksAtTheNumberAsTypedAndRoundsHalvesToEvenBehindThat) {
     struct Case {
-        double typed;
+        const char* typed;
         int number;
     };
     const Case cases[] = {
-        {1, 1},          {3, 3},    {0, 0},     {4, 0},
-        {-2, 0},         {0.4, 0},  {0.5, 0},   {0.6, 1},
-        {1.5, 2},        {2.5, 2},  {2.7, 3},   {3.4, 3},
-        {3.5, 0},        {1e30, 0}, {-1e30, 0}, {4294967297.0, 0},
-        {notANumber, 0},
+        {"1", 1},
+        {"3", 3},
+        {"0", 0},
+        {"4", 0},
+        {"-2", 0},
+        {"0.4", 0},
+        {"0.5", 0},
+        {"0.50000000000000000000001", 1},
+        {"0.6", 1},
+        {"1.5", 2},
+        {"2.5", 2},
+        {"2.7", 3},
+        {"3.0", 3},
+        {"3.00000000000000000000001", 0},
+        {"3.4", 0},
+        {"3.5", 0},
+        {"4294967297", 0},
+        {"99999999999999999999999999", 0},
+        {"-99999999999999999999999999", 0},
     };
-    for (const Case& c : cases) EXPECT_EQ(numberInRange(c.typed, 3), c.number) << c.typed;
-    EXPECT_EQ(numberInRange(1, 0), 0);
+    for (const Case& c : cases)
+        EXPECT_EQ(numberInRange(Decimal::fromText(c.typed), 3), c.number) << c.typed;
+    EXPECT_EQ(numberInRange(Decimal(1), 0), 0);
 }
 
 }  // namespace

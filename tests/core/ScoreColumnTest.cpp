@@ -1,7 +1,10 @@
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <numeric>
+#include <random>
 #include <vector>
 
 #include "core/ScoreColumn.h"
@@ -10,8 +13,6 @@
 
 namespace quorvel {
 namespace {
-
-using Fraction = CellPoints::Fraction;
 
 Score number(int value) {
     return Score(TaggedValue(static_cast<std::int16_t>(value)));
@@ -159,8 +160,10 @@ TEST(ScoreColumn, FindsTheNumberThatACellCountsAs) {
         {text("absent"), 0, Fraction::None},
         {text(""), 0, Fraction::None},
         {text("e"), 0, Fraction::None},
-        {text("1e5"), 1, Fraction::None},
-        {text("12:30"), 12, Fraction::None},
+        {text("1e5"), 0, Fraction::None},
+        {text("12:30"), 0, Fraction::None},
+        {text("7x"), 0, Fraction::None},
+        {text("7.5."), 0, Fraction::None},
         {text("1000000"), 1000000, Fraction::None},
         {text("1000001"), 1000000, Fraction::None},
         {text("99999999999999999999999"), 1000000, Fraction::None},
@@ -168,7 +171,8 @@ TEST(ScoreColumn, FindsTheNumberThatACellCountsAs) {
         {Score(TaggedValue(8.25F)), 8, Fraction::BelowHalf},
         {Score(TaggedValue(-1e300)), -1000000, Fraction::None},
         {Score(TaggedValue(std::numeric_limits<double>::quiet_NaN())), 0, Fraction::None},
-        {text(longText), 12, Fraction::BelowHalf},
+        {text(longText), 0, Fraction::None},
+        {text("12.34567890123456789012345"), 12, Fraction::BelowHalf},
     };
     for (const Case& c : cases) {
         const CellPoints points = pointsOf(c.score);
@@ -258,6 +262,113 @@ TEST(ScoreColumn, StaysEmptyInAnyOrder) {
     column.reorder(std::vector<int>{3, 1, 2});
     column.remove(1);
     EXPECT_EQ(column.storedCount(), 0);
+}
+
+TEST(ScoreColumn, FillsItsEmptyCellsWithZerosAndStoresNoneBehindItsOwn) {
+    ScoreColumn column;
+    column.fillEmpty(32767);
+    EXPECT_EQ(column.storedCount(), 0);
+    EXPECT_EQ(column.zeroCount(), 32767);
+    EXPECT_EQ(column.score(1), Score::zero());
+    EXPECT_EQ(column.score(32767), Score::zero());
+    EXPECT_EQ(column.score(32768), Score());
+
+    ScoreColumn some;
+    some.setScore(3, text("5"));
+    some.setScore(2, Score::excused());
+    some.fillEmpty(5);
+    EXPECT_EQ(texts(some, 6), (Texts{"0", "E", "5", "0", "0", "-"}));
+    EXPECT_EQ(some.score(1), Score::zero());
+    EXPECT_EQ(some.points(1).whole, 0);
+    EXPECT_FALSE(some.points(1).empty);
+    EXPECT_EQ(some.storedCount(), 3);
+    EXPECT_EQ(some.zeroCount(), 2);
+}
+
+TEST(ScoreColumn, StoresNoZerosThatComeOneBehindTheOther) {
+    ScoreColumn column;
+    column.setScore(1, text("7"));
+    for (int student = 2; student <= 4; ++student) column.setScore(student, Score::zero());
+    EXPECT_EQ(column.storedCount(), 1);
+    column.setScore(3, Score::zero());
+    EXPECT_EQ(column.storedCount(), 1);
+    column.setScore(3, Score());
+    EXPECT_EQ(texts(column, 5), (Texts{"7", "0", "-", "0", "-"}));
+    column.setScore(6, Score::zero());
+    EXPECT_EQ(texts(column, 7), (Texts{"7", "0", "-", "0", "-", "0", "-"}));
+    column.setScore(4, text("4"));
+    EXPECT_EQ(texts(column, 7), (Texts{"7", "0", "-", "4", "-", "0", "-"}));
+}
+
+TEST(ScoreColumn, MovesItsZerosWithTheirStudents) {
+    const auto column = [] {
+        ScoreColumn made;
+        made.setScore(2, text(longText));
+        made.fillEmpty(4);
+        return made;
+    };
+    ScoreColumn shorter = column();
+    shorter.remove(3);
+    EXPECT_EQ(texts(shorter, 4), (Texts{"0", longText, "0", "-"}));
+    shorter.remove(1);
+    EXPECT_EQ(texts(shorter, 4), (Texts{longText, "0", "-", "-"}));
+    shorter.remove(3);
+    EXPECT_EQ(texts(shorter, 3), (Texts{longText, "0", "-"}));
+
+    ScoreColumn cut = column();
+    cut.shrinkTo(3);
+    EXPECT_EQ(texts(cut, 4), (Texts{"0", longText, "0", "-"}));
+    cut.shrinkTo(1);
+    EXPECT_EQ(texts(cut, 3), (Texts{"0", "-", "-"}));
+
+    ScoreColumn ordered = column();
+    ordered.reorder(std::vector<int>{5, 4, 2, 1, 3});
+    EXPECT_EQ(texts(ordered, 6), (Texts{"-", "0", longText, "0", "0", "-"}));
+    EXPECT_EQ(ordered.score(2), Score::zero());
+}
+
+TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
+    std::mt19937 random(14);
+    const Score values[] = {Score(), Score::zero(), Score::zero(), text("5"), text(longText)};
+    constexpr int most = 12;
+    for (int round = 0; round < 300; ++round) {
+        ScoreColumn column;
+        std::vector<Score> plain(most);
+        const auto student = [&] { return static_cast<int>(random() % plain.size()) + 1; };
+        for (int step = 0; step < 30 && plain.size() > 2; ++step) {
+            const auto action = random() % 12;
+            if (action < 8) {
+                const int s = student();
+                const Score& value = values[random() % std::size(values)];
+                column.setScore(s, value);
+                plain[static_cast<std::size_t>(s) - 1] = value;
+            } else if (action == 8) {
+                column.fillEmpty(static_cast<int>(plain.size()));
+                for (Score& score : plain)
+                    if (score.isEmpty()) score = Score::zero();
+            } else if (action == 9) {
+                const int s = student();
+                column.remove(s);
+                plain.erase(plain.begin() + s - 1);
+            } else if (action == 10) {
+                plain.pop_back();
+                column.shrinkTo(static_cast<int>(plain.size()));
+            } else {
+                std::vector<int> order(plain.size());
+                std::iota(order.begin(), order.end(), 1);
+                std::ranges::shuffle(order, random);
+                column.reorder(order);
+                std::vector<Score> moved;
+                for (const int s : order) moved.push_back(plain[static_cast<std::size_t>(s) - 1]);
+                plain = moved;
+            }
+            for (int s = 1; s <= most; ++s)
+                ASSERT_EQ(column.score(s), s <= static_cast<int>(plain.size())
+                                               ? plain[static_cast<std::size_t>(s) - 1]
+                                               : Score())
+                    << "round " << round << ", step " << step << ", student " << s;
+        }
+    }
 }
 
 TEST(ScoreColumn, AddsItsCellsToTheSumsOfTheirStudents) {

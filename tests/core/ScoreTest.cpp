@@ -36,13 +36,26 @@ TEST(Score, OfNewCellsIsTheNumberZeroAndNoText) {
 
 TEST(Score, ReadsExactlyAsTheDecimalThatItIsShownAs) {
     EXPECT_EQ(Score::ofText("2.03").reading(), Decimal::fromText("2.03"));
-    EXPECT_EQ(Score::ofText(" -7.5x").reading(), Decimal::fromText("-7.5"));
+    EXPECT_EQ(Score::ofText(" -7.5 ").reading(), Decimal::fromText("-7.5"));
+    EXPECT_EQ(Score::ofText("7x").reading(), Decimal(0)) << "malformed";
+    EXPECT_EQ(Score::ofText("1e5").reading(), Decimal(0)) << "malformed";
     EXPECT_EQ(Score::ofText("absent").reading(), Decimal(0));
     EXPECT_EQ(Score(TaggedValue(2.03F)).reading(), Decimal::fromText("2.03"));
     EXPECT_EQ(Score(TaggedValue(2.03)).reading(), Decimal::fromText("2.03"));
     EXPECT_EQ(Score(TaggedValue(std::int16_t{-5})).reading(), Decimal(-5));
     EXPECT_EQ(Score(TaggedValue(std::int32_t{70000})).reading(), Decimal(70000));
     EXPECT_EQ(Score(TaggedValue(std::numeric_limits<double>::infinity())).reading(), Decimal(0));
+}
+
+Score entered(std::string_view typed) {
+    return scoreFromEntry(typed, CodePage::windows1252());
+}
+
+TEST(ScoreFromEntry, KeepsWhatAScoresRecordHolds) {
+    const std::string digits(123, '7');
+    EXPECT_EQ(entered("9" + digits).text(), "9" + digits);
+    const std::string fraction = "." + std::string(123, '3');
+    EXPECT_EQ(entered(fraction).text(), "0." + std::string(122, '3'));
 }
 
 TEST(ScoreFromEntry, FollowsTheRuleForTypedScores) {
@@ -52,6 +65,7 @@ TEST(ScoreFromEntry, FollowsTheRuleForTypedScores) {
     };
     const Case cases[] = {
         {"E", "E"},
+        {"e", "E"},
         {"", "0"},
         {"X", "0"},
         {"EE", "0"},
@@ -79,24 +93,27 @@ TEST(ScoreFromEntry, FollowsTheRuleForTypedScores) {
         {"9.5", "10"},
         {"2.03", "2.03"},
         {"0.49999999999999994", "0.49999999999999994"},
-        {"0.4999999999999999999999", "1"},
+        {"0.4999999999999999999999", "0.4999999999999999999999"},
+        {"7.4999999999999999", "7.4999999999999999"},
+        {"7.5000000000000000000001", "8"},
         {"99.99", "100"},
         {"1E5", "1"},
         {"1.2.3", "1.2"},
         {"10 20", "10"},
         {"1,5", "1"},
         {"1000", "1000"},
-        {"99999999999999999999", "100000000000000000000"},
+        {"99999999999999999999", "99999999999999999999"},
+        {"99999999999999999999.5", "100000000000000000000"},
         {"0.0000001", "0.0000001"},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(scoreFromEntry(c.typed), Score::ofText(c.stored)) << "'" << c.typed << "'";
+        EXPECT_EQ(entered(c.typed), Score::ofText(c.stored)) << "'" << c.typed << "'";
 }
 
 TEST(ScoreFromEntry, LeavesWhatItMadeAsItIs) {
     for (const char* typed : {"E", "", "7.3", "7.5", "-0.2", "12345678901234567890", "0.1"}) {
-        const std::string once = scoreFromEntry(typed).text();
-        EXPECT_EQ(scoreFromEntry(once).text(), once) << "'" << typed << "'";
+        const std::string once = entered(typed).text();
+        EXPECT_EQ(entered(once).text(), once) << "'" << typed << "'";
     }
 }
 

@@ -19,14 +19,12 @@ namespace quorvel {
 class CommandTest : public testing::Test {
   protected:
     CommandTest() {
-        reloadForNew = false;
         state.places.programFolder = "/Quorvel";
         state.places.passwordFile = "/machine/password";
         state.places.documents = "/user/Documents";
         state.places.localData = "/user/local";
         state.places.temporary = "/temporary";
     }
-    ~CommandTest() override { reloadForNew = false; }
 
     /// The bytes of a file of the program's folder, as text; empty where it is missing.
     std::string bytesOf(const std::filesystem::path& file) const {

@@ -79,9 +79,9 @@ std::string Conversation::prompt(const Prompt& prompt) {
     dialog.title = prompt.title;
     dialog.text = prompt.question;
     // The box holds no more, neither as a default nor as an answer.
-    dialog.defaultAnswer = prompt.defaultAnswer.substr(0, maximumAnswerLength);
+    dialog.defaultAnswer = prompt.defaultAnswer.substr(0, prompt.longestAnswer);
     const Reply reply = ask(std::move(dialog));
-    return reply.cancelled ? std::string() : reply.text.substr(0, maximumAnswerLength);
+    return reply.cancelled ? std::string() : reply.text.substr(0, prompt.longestAnswer);
 }
 
 Answer Conversation::message(const Message& message) {

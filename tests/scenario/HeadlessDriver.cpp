@@ -19,9 +19,6 @@ namespace {
 /// Where the password lies in the world that scenarios are written for.
 constexpr const char* passwordFile = "C:\\Windows\\khymltp.wpt";
 
-constexpr int enterKey = 13;
-constexpr int escapeKey = 27;
-
 const CodePage& codePage() {
     return CodePage::windows1252();
 }
@@ -59,7 +56,6 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 HeadlessDriver::HeadlessDriver() {
-    reloadForNew = false;
     files_.copiesAreKept = false;
 }
 
@@ -185,8 +181,8 @@ bool HeadlessDriver::type(std::string_view text) {
 bool HeadlessDriver::pressKey(std::string_view key) {
     const CellEditor& txtEnter = program().controls().txtEnter;
     if (!txtEnter.visible) return act([](frmQRV&) {});
-    if (key == "Enter") return act([](frmQRV& form) { form.txtEnter_KeyDown(enterKey); });
-    if (key == "Escape") return act([](frmQRV& form) { form.txtEnter_KeyDown(escapeKey); });
+    if (key == "Enter") return act([](frmQRV& form) { form.txtEnter_KeyDown(frmQRV::enterKey); });
+    if (key == "Escape") return act([](frmQRV& form) { form.txtEnter_KeyDown(frmQRV::escapeKey); });
     if (key == "Tab") return act([](frmQRV& form) { form.hideEditor(); });
     return type(key);
 }

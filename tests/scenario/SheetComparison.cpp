@@ -7,10 +7,6 @@ namespace quorvel::scenario {
 
 namespace {
 
-std::string letterText(LetterGrade grade) {
-    return {static_cast<char>(grade)};
-}
-
 /// A cell as a scenario writes it.
 std::string cellText(const TaggedValue& value, std::string_view programFolder) {
     if (std::holds_alternative<std::monostate>(value)) return "empty";

@@ -29,8 +29,8 @@ struct CellDescription {
     std::string operator()(const std::string& text) const { return "text '" + text + "'"; }
 };
 
-std::string countText(int count, bool isSet) {
-    return isSet ? std::to_string(count) : "never set (" + std::to_string(count) + ")";
+std::string countText(std::optional<int> count) {
+    return count ? std::to_string(*count) : "never set";
 }
 
 }  // namespace
@@ -91,10 +91,9 @@ Bytes operator+(Bytes left, const Bytes& right) {
 }
 
 std::string contentOf(const GradeSheet& sheet) {
-    std::string text = "students " + countText(sheet.studentCount(), sheet.studentCountIsSet()) +
-                       ", assignments " +
-                       countText(sheet.assignmentCount(), sheet.assignmentCountIsSet()) +
-                       ", title '" + sheet.sheetTitle + "'\n";
+    std::string text = "students " + countText(sheet.studentCountIfSet()) + ", assignments " +
+                       countText(sheet.assignmentCountIfSet()) + ", title '" + sheet.sheetTitle +
+                       "'\n";
     for (int student = 1; student <= sheet.studentCount(); ++student) {
         text += "'" + sheet.studentName(student) + "' '" + sheet.studentAlias(student) + "'\n";
     }

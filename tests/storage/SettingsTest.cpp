@@ -53,11 +53,11 @@ TEST_F(Settings, StartUpClearsTheFlagsOfTheRunBeforeButNotTheOpenedRecentFile) {
     state.exitAfterSave = true;
     state.isDirty = true;
     state.openFromRecent = true;
-    reloadForNew = true;
+    state.reloadForNew = true;
     readSettings(disk, state);
     EXPECT_FALSE(state.exitAfterSave);
     EXPECT_FALSE(state.isDirty);
-    EXPECT_FALSE(reloadForNew);
+    EXPECT_FALSE(state.reloadForNew);
     EXPECT_TRUE(state.openFromRecent);
 }
 

@@ -229,9 +229,8 @@ void checkSameSheet(const GradeSheet& saved, const GradeSheet& sheet) {
     requireEqual(saved.sheetTitle, sheet.sheetTitle, "saved title");
     requireEqual(saved.studentCount(), sheet.studentCount(), "saved students");
     requireEqual(saved.assignmentCount(), sheet.assignmentCount(), "saved assignments");
-    requireEqual(saved.studentCountIsSet(), sheet.studentCountIsSet(), "saved student count");
-    requireEqual(saved.assignmentCountIsSet(), sheet.assignmentCountIsSet(),
-                 "saved assignment count");
+    require(saved.studentCountIfSet() == sheet.studentCountIfSet(), "saved student count");
+    require(saved.assignmentCountIfSet() == sheet.assignmentCountIfSet(), "saved assignment count");
     for (int student = 1; student <= sheet.studentCount(); ++student) {
         requireEqual(saved.studentName(student), sheet.studentName(student), "saved name");
         requireEqual(saved.studentAlias(student), sheet.studentAlias(student), "saved alias");

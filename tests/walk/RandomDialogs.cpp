@@ -62,7 +62,7 @@ std::string RandomDialogs::typedText() {
 }
 
 std::string RandomDialogs::prompt(const Prompt& prompt) {
-    const std::string_view defaultAnswer = prompt.defaultAnswer.substr(0, maximumAnswerLength);
+    const std::string_view defaultAnswer = prompt.defaultAnswer.substr(0, prompt.longestAnswer);
     std::string answer;
     if (random_.chance(12))
         answer.clear();
@@ -74,7 +74,7 @@ std::string RandomDialogs::prompt(const Prompt& prompt) {
         answer = typedNumber();
     else
         answer = typedText();
-    answer.resize(std::min(answer.size(), maximumAnswerLength));
+    answer.resize(std::min(answer.size(), prompt.longestAnswer));
 
     Dialog dialog;
     dialog.kind = DialogKind::Prompt;

@@ -27,9 +27,6 @@ constexpr int stepsBetweenThoroughChecks = 10;
 /// Of the ends of the program that come up, so many come.
 constexpr int percentOfEnds = 15;
 
-constexpr int enterKey = 13;
-constexpr int escapeKey = 27;
-
 /// The menu entries, more often chosen ones more often.
 constexpr std::array entriesChosen{
     "mnuAddS",         "mnuAddS",           "mnuAddS",    "mnuEditS",
@@ -69,7 +66,6 @@ std::string inQuotes(std::string_view text) {
 
 Walk::Walk(std::uint64_t route, ScenarioLog& log)
     : random_(route), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
-    reloadForNew = false;
     log_.begin();
     setUp();
 }
@@ -207,7 +203,7 @@ void Walk::pressSomeKey() {
     if (key == "Tab")
         form_->hideEditor();
     else
-        form_->txtEnter_KeyDown(key == "Enter" ? enterKey : escapeKey);
+        form_->txtEnter_KeyDown(key == "Enter" ? frmQRV::enterKey : frmQRV::escapeKey);
 }
 
 void Walk::moveSomeBar() {

@@ -20,7 +20,6 @@ namespace quorvel {
 class WindowTest : public testing::Test {
   protected:
     explicit WindowTest(ScreenSize screen = {1024, 768}) {
-        reloadForNew = false;
         shell.screen = screen;
         form.start();
     }
@@ -63,7 +62,7 @@ class WindowTest : public testing::Test {
     void enter(int row, int column, std::string_view text) {
         clickCell(row, column);
         form.txtEnter_Change(text);
-        form.txtEnter_KeyDown(13);
+        form.txtEnter_KeyDown(frmQRV::enterKey);
     }
 
     /// What the window shows from (x, y) on: digits, letters, "." and blanks; "?" for nothing.

@@ -1,10 +1,9 @@
 """Sheets as CSV and back."""
 
-import math
 import re
 
 from .files import CELL_TEXT, FIELD_TEXT, Sheet
-from .texts import cell_text, from_utf8, number_in, real_text, utf8
+from .texts import cell_text, entered, from_utf8, number_in, utf8
 
 
 class Refused(Exception):
@@ -98,10 +97,7 @@ def read_score(field):
         return b"E"
     if not NUMBER.fullmatch(text) or len(text) > CELL_TEXT:
         raise Refused(*field[1:])
-    number = abs(float(text))
-    if number - math.floor(number) >= 0.5:
-        number = float(math.floor(number) + 1)
-    score = real_text(number, single=False)
+    score = entered(text)
     if len(score) > CELL_TEXT:
         raise Refused(*field[1:])
     return score

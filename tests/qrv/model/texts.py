@@ -44,6 +44,18 @@ def number_in(text):
     return Fraction(Decimal(found.group(1).decode())) if found else Fraction(0)
 
 
+def entered(text):
+    """The score that is kept of a typed number: no sign, rounded up from one half on."""
+    number = Decimal(text.decode()).copy_abs()
+    whole = math.floor(Fraction(number))
+    if Fraction(number) - whole >= Fraction(1, 2):
+        return b"%d" % (whole + 1)
+    kept = format(number, "f")
+    kept = kept.rstrip("0").rstrip(".") if "." in kept else kept
+    kept = kept.lstrip("0")
+    return (kept if kept and kept[0] != "." else "0" + kept).encode()
+
+
 def half_even(number):
     return round(number)
 
@@ -92,4 +104,7 @@ def is_excused(cell):
 
 
 def cell_number(cell):
-    return Fraction(0) if is_excused(cell) else number_in(cell_text(cell))
+    """A text that is not wholly a number counts as 0."""
+    text = cell_text(cell)
+    found = LEADING_NUMBER.match(text)
+    return number_in(text) if found and not text[found.end() :].strip(b" \t") else Fraction(0)

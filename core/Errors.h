@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 
 namespace quorvel {
@@ -27,6 +28,10 @@ class PrinterError : public Error {
   public:
     using Error::Error;
 };
+
+/// The user called a job off in a box or a queue of the printer's own, and so knows of it. Nothing
+/// to report: no Error.
+class PrintingCalledOff : public std::exception {};
 
 /// A figure that has no value was asked for.
 class DivisionByZeroError : public Error {

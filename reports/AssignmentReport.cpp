@@ -10,14 +10,14 @@ constexpr int valueColumn = 37;
 
 }  // namespace
 
-void layOutAssignmentReport(ReportPage& page, const ReportData& data) {
+void layOutAssignmentReport(PrintJob& job, const ReportData& data) {
     const GradeSheet& sheet = data.sheet;
-    printHeading(page, "***Assignment Report***", data);
-    page.emptyLines(2);
-    page.text("#").at(nameColumn, "Assignment Name").at(valueColumn, "Value").endLine();
+    printHeading(job, "***Assignment Report***", data);
+    job.emptyLines(2);
+    job.text("#").at(nameColumn, "Assignment Name").at(valueColumn, "Value").endLine();
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        page.text(std::to_string(assignment)).at(nameColumn, sheet.assignmentName(assignment));
-        page.at(valueColumn, std::to_string(sheet.assignmentValue(assignment))).endLine();
+        job.text(std::to_string(assignment)).at(nameColumn, sheet.assignmentName(assignment));
+        job.at(valueColumn, std::to_string(sheet.assignmentValue(assignment))).endLine();
     }
 }
 

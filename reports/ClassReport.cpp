@@ -18,7 +18,7 @@ constexpr int gradeColumn = 58;
 /// A full name longer than this moves all columns of its line right.
 constexpr std::size_t longestUnshiftedName = 30;
 
-void printStudentLine(ReportPage& page, const ReportData& data, int student) {
+void printStudentLine(PrintJob& job, const ReportData& data, int student) {
     const GradeSheet& sheet = data.sheet;
     const std::string& name =
         data.useAliases ? sheet.studentAlias(student) : sheet.studentName(student);
@@ -26,22 +26,22 @@ void printStudentLine(ReportPage& page, const ReportData& data, int student) {
         data.useAliases ? 0 : std::max(name.size(), longestUnshiftedName) - longestUnshiftedName;
     const int shift = static_cast<int>(excess);
     const StudentFigures& figures = sheet.figures(student);
-    page.text(name).at(totalColumn + shift, "Total: ");
-    page.at(earnedColumn + shift, std::to_string(figures.pointsEarned));
-    page.at(slashColumn + shift, "/");
-    page.at(possibleColumn + shift, std::to_string(figures.pointsPossible));
-    page.at(percentColumn + shift, tenthsText(figures.percentageTenths)).text(" %");
-    page.at(gradeColumn + shift, "Grade: ").line(letterText(figures.letterGrade));
+    job.text(name).at(totalColumn + shift, "Total: ");
+    job.at(earnedColumn + shift, std::to_string(figures.pointsEarned));
+    job.at(slashColumn + shift, "/");
+    job.at(possibleColumn + shift, std::to_string(figures.pointsPossible));
+    job.at(percentColumn + shift, tenthsText(figures.percentageTenths)).text(" %");
+    job.at(gradeColumn + shift, "Grade: ").line(letterText(figures.letterGrade));
 }
 
 }  // namespace
 
-void layOutClassReport(ReportPage& page, const ReportData& data) {
-    printHeading(page, "***Class Report***", data, "Class Report As of ");
-    printClassAverageLine(page, data.sheet);
-    page.emptyLines(2);
+void layOutClassReport(PrintJob& job, const ReportData& data) {
+    printHeading(job, "***Class Report***", data, "Class Report As of ");
+    printClassAverageLine(job, data.sheet);
+    job.emptyLines(2);
     for (int student = 1; student <= data.sheet.studentCount(); ++student) {
-        if (!data.sheet.studentName(student).empty()) printStudentLine(page, data, student);
+        if (!data.sheet.studentName(student).empty()) printStudentLine(job, data, student);
     }
 }
 

@@ -4,32 +4,32 @@
 
 namespace quorvel {
 
-void printDateLine(ReportPage& page, const ReportData& data, std::string_view label) {
-    page.text(label).text(data.date).text(" at ").text(data.time).endLine();
+void printDateLine(PrintJob& job, const ReportData& data, std::string_view label) {
+    job.text(label).text(data.date).text(" at ").text(data.time).endLine();
 }
 
-void printTeacherLine(ReportPage& page, const ReportData& data) {
-    if (!data.teacherName.empty()) page.text("Teacher: ").text(data.teacherName).endLine();
+void printTeacherLine(PrintJob& job, const ReportData& data) {
+    if (!data.teacherName.empty()) job.text("Teacher: ").text(data.teacherName).endLine();
 }
 
-void printHeading(ReportPage& page, std::string_view title, const ReportData& data,
+void printHeading(PrintJob& job, std::string_view title, const ReportData& data,
                   std::string_view dateLabel) {
-    page.line(title);
-    if (!data.schoolName.empty()) page.text("School: ").text(data.schoolName).endLine();
-    if (!data.sheet.sheetTitle.empty()) page.text("Class: ").text(data.sheet.sheetTitle).endLine();
-    printDateLine(page, data, dateLabel);
-    printTeacherLine(page, data);
+    job.line(title);
+    if (!data.schoolName.empty()) job.text("School: ").text(data.schoolName).endLine();
+    if (!data.sheet.sheetTitle.empty()) job.text("Class: ").text(data.sheet.sheetTitle).endLine();
+    printDateLine(job, data, dateLabel);
+    printTeacherLine(job, data);
 }
 
-void printClassAverageLine(ReportPage& page, const GradeSheet& sheet) {
-    page.text("Class Average: ");
-    if (const auto& average = sheet.classAverage()) page.text(tenthsText(average->tenths));
-    page.line("%");
+void printClassAverageLine(PrintJob& job, const GradeSheet& sheet) {
+    job.text("Class Average: ");
+    if (const auto& average = sheet.classAverage()) job.text(tenthsText(average->tenths));
+    job.line("%");
 }
 
-void printClassRankLine(ReportPage& page, const GradeSheet& sheet, int student) {
-    page.text("Class Rank: ").text(std::to_string(sheet.figures(student).rank));
-    page.text(" (out of ").text(std::to_string(sheet.studentCount())).line(" students)");
+void printClassRankLine(PrintJob& job, const GradeSheet& sheet, int student) {
+    job.text("Class Rank: ").text(std::to_string(sheet.figures(student).rank));
+    job.text(" (out of ").text(std::to_string(sheet.studentCount())).line(" students)");
 }
 
 }  // namespace quorvel

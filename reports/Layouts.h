@@ -1,17 +1,17 @@
 #pragma once
 
+#include "reports/PrintJob.h"
 #include "reports/Report.h"
-#include "reports/ReportPage.h"
 
 namespace quorvel {
 
 // The lines of each report, onto the pages of a job that is under way.
 
-void layOutFullReport(ReportPage& page, const ReportData& data);
-void layOutIndividualStudentReport(ReportPage& page, const ReportData& data);
-void layOutClassReport(ReportPage& page, const ReportData& data);
-void layOutAssignmentReport(ReportPage& page, const ReportData& data);
-void layOutTeacherReport(ReportPage& page, const ReportData& data);
-void layOutStudentGradeReport(ReportPage& page, const ReportData& data);
+void layOutFullReport(PrintJob& job, const ReportData& data);
+void layOutIndividualStudentReport(PrintJob& job, const ReportData& data);
+void layOutClassReport(PrintJob& job, const ReportData& data);
+void layOutAssignmentReport(PrintJob& job, const ReportData& data);
+void layOutTeacherReport(PrintJob& job, const ReportData& data);
+void layOutStudentGradeReport(PrintJob& job, const ReportData& data);
 
 }  // namespace quorvel

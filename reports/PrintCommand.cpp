@@ -1,7 +1,6 @@
 #include "reports/PrintCommand.h"
 
-#include <algorithm>
-
+#include "core/Errors.h"
 #include "core/Numbers.h"
 #include "reports/Report.h"
 
@@ -11,44 +10,47 @@ namespace {
 
 constexpr int reportCount = 6;
 
-void print(CommandContext& context) {
+/// What the user chose to print.
+struct Choice {
+    ReportKind kind = ReportKind::Full;
+    bool useAliases = false;  // class report
+    int student = 0;          // individual student report
+};
+
+void print(CommandContext& context, const Choice& choice) {
     const WorkingState& state = context.state;
-    const auto kind = static_cast<ReportKind>(state.reportKind);
     const Clock& clock = context.ports.clock;
-    ReportData data{context.sheet,
-                    state.schoolName,
-                    state.teacherName,
-                    clock.date(),
-                    clock.time(),
-                    state.printFont,
-                    state.reportOption == "Alias"};
-    if (kind == ReportKind::Teacher) data.useAliases = context.window.showsAliases();
-    if (kind == ReportKind::IndividualStudent) {
-        const auto number = roundHalfEven(leadingNumber(state.reportOption));
-        data.student =
-            static_cast<int>(std::clamp<std::int64_t>(number, 1, context.sheet.studentCount()));
+    const bool useAliases =
+        choice.kind == ReportKind::Teacher ? context.window.showsAliases() : choice.useAliases;
+    const ReportData data{context.sheet, state.schoolName, state.teacherName, clock.date(),
+                          clock.time(),  state.printFont,  useAliases,        choice.student};
+    try {
+        printReport(choice.kind, data, context.ports.printer);
+    } catch (const PrintingCalledOff&) {
+        // Whoever called it off knows: there is nothing to say.
     }
-    printReport(kind, data, context.ports.printer);
 }
 
-void chooseNamesOrAliases(CommandContext& context) {
-    const Answer answer =
+bool askForAliases(CommandContext& context) {
+    const Answer names =
         context.ports.dialogs.message({.text = "Do you want the students name's to be printed? "
                                                "(If choice is no, then aliases will be printed)",
                                        .buttons = Buttons::YesNo});
-    context.state.reportOption = answer == Answer::Yes ? "Name" : "Alias";
+    context.state.reportOption = names == Answer::Yes ? "Name" : "Alias";
+    return names != Answer::Yes;
 }
 
-/// False when the user gave up.
-bool chooseStudent(CommandContext& context) {
+/// The number of the student to print a report on; 0 when the user gave up.
+int askForStudent(CommandContext& context) {
     Dialogs& dialogs = context.ports.dialogs;
     constexpr std::string_view title = "Print Individual Student Report Error";
     while (true) {
         const std::string answer = dialogs.prompt(
             {.title = title, .question = "What student number's report you wish to print?"});
-        const double number = leadingNumber(answer);
-        context.state.reportOption = decimalText(number);
-        if (number >= 1 && number <= context.sheet.studentCount()) return true;
+        const Decimal number = typedNumber(answer, *context.state.codePage);
+        context.state.reportOption = number.text();
+        if (number >= Decimal(1) && number <= Decimal(context.sheet.studentCount()))
+            return static_cast<int>(number.roundedHalfEven());
         const Answer retry = dialogs.message(
             {.text =
                  "An invalid student number was given.  Click OK to try again or cancel to quit.",
@@ -57,22 +59,25 @@ bool chooseStudent(CommandContext& context) {
         if (retry == Answer::Cancel) {
             dialogs.message({.text = "Print Individual Student Report Canceled",
                              .title = "Canceled Print Job"});
-            return false;
+            return 0;
         }
     }
 }
 
-void selectReport(CommandContext& context) {
-    const auto kind = static_cast<ReportKind>(context.state.reportKind);
+void selectReport(CommandContext& context, ReportKind kind) {
     if (kind != ReportKind::Assignment && context.sheet.studentCount() == 0) {
         context.ports.dialogs.message({.text = "There are no students to print a report on.",
                                        .title = "Print Student(s) Report Error",
                                        .icon = Icon::Critical});
         return;
     }
-    if (kind == ReportKind::Class) chooseNamesOrAliases(context);
-    if (kind == ReportKind::IndividualStudent && !chooseStudent(context)) return;
-    print(context);
+    Choice choice{.kind = kind};
+    if (kind == ReportKind::Class) choice.useAliases = askForAliases(context);
+    if (kind == ReportKind::IndividualStudent) {
+        choice.student = askForStudent(context);
+        if (choice.student == 0) return;
+    }
+    print(context, choice);
 }
 
 }  // namespace
@@ -91,11 +96,11 @@ void mnuPrint(CommandContext& context) {
                  "\r\n\r\n5: Teacher Report (Concise chart of all scores)"
                  "\r\n\r\n6: Student Grade Report (Short descriptions of each student's grade)"});
         if (answer.empty()) break;
-        const double number = leadingNumber(answer);
-        const std::int64_t rounded = roundHalfEven(number);
-        if (number >= 1 && rounded <= reportCount) {
+        const Decimal number = typedNumber(answer, *context.state.codePage);
+        const std::int64_t rounded = number.roundedHalfEven();
+        if (number >= Decimal(1) && rounded <= reportCount) {
             context.state.reportKind = static_cast<std::int16_t>(rounded);
-            selectReport(context);
+            selectReport(context, static_cast<ReportKind>(rounded));
             return;
         }
         const Answer retry = dialogs.message(

@@ -10,19 +10,18 @@ namespace quorvel {
 namespace {
 
 struct Report {
-    std::string_view jobTitle;
-    Orientation orientation;
-    void (*layOut)(ReportPage&, const ReportData&);
+    PrintJobSettings job;
+    void (*layOut)(PrintJob&, const ReportData&);
 };
 
-/// In the order of ReportKind.
+/// In the order of ReportKind. The pages of two of them are handed to different students.
 constexpr std::array<Report, 6> reports{{
-    {"Student Report", Orientation::Portrait, layOutFullReport},
-    {"Class Report", Orientation::Portrait, layOutClassReport},
-    {"Student Report", Orientation::Portrait, layOutIndividualStudentReport},
-    {"Assignment Report", Orientation::Portrait, layOutAssignmentReport},
-    {"Teacher Report", Orientation::Landscape, layOutTeacherReport},
-    {"Student Grade Report", Orientation::Portrait, layOutStudentGradeReport},
+    {{.title = "Student Report", .oneSided = true}, layOutFullReport},
+    {{.title = "Class Report"}, layOutClassReport},
+    {{.title = "Student Report"}, layOutIndividualStudentReport},
+    {{.title = "Assignment Report"}, layOutAssignmentReport},
+    {{.title = "Teacher Report", .orientation = Orientation::Landscape}, layOutTeacherReport},
+    {{.title = "Student Grade Report", .oneSided = true}, layOutStudentGradeReport},
 }};
 
 const Report& reportOf(ReportKind kind) {
@@ -31,17 +30,25 @@ const Report& reportOf(ReportKind kind) {
     return reports[number - 1];
 }
 
+bool hasNamedStudent(const GradeSheet& sheet) {
+    for (int student = 1; student <= sheet.studentCount(); ++student)
+        if (!sheet.studentName(student).empty()) return true;
+    return false;
+}
+
 }  // namespace
 
 std::string_view jobTitle(ReportKind kind) {
-    return reportOf(kind).jobTitle;
+    return reportOf(kind).job.title;
 }
 
 void printReport(ReportKind kind, const ReportData& data, Printer& printer) {
+    // Students without a name have no page in the full report: it may have none at all.
+    if (kind == ReportKind::Full && !hasNamedStudent(data.sheet)) return;
     const Report& report = reportOf(kind);
-    ReportPage page(printer, report.jobTitle, report.orientation, data.font);
-    report.layOut(page, data);
-    page.finish();
+    PrintJob job(printer, report.job, data.font);
+    report.layOut(job, data);
+    job.finish();
 }
 
 }  // namespace quorvel

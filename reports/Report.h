@@ -35,8 +35,9 @@ struct ReportData {
 /// The name of the report's print job.
 std::string_view jobTitle(ReportKind kind);
 
-/// Prints the report as one job. Throws DivisionByZeroError for a student without points possible
-/// (Full, IndividualStudent) and PrinterError; the job is then cancelled.
+/// Prints the report as one job; without a job where it has nothing to print. Throws
+/// DivisionByZeroError for a student without points possible (Full, IndividualStudent) and
+/// PrinterError; the job is then cancelled.
 void printReport(ReportKind kind, const ReportData& data, Printer& printer);
 
 }  // namespace quorvel

@@ -20,65 +20,64 @@ constexpr int gradeColumn = 55;
 
 enum class PercentColumn { Shown, Hidden };
 
-void printAssignmentPercent(ReportPage& page, const Score& score, std::int16_t value) {
+void printAssignmentPercent(PrintJob& job, const Score& score, std::int16_t value) {
     if (score.isExcused()) {
-        page.at(percentColumn, "Excuse");
+        job.at(percentColumn, "Excuse");
     } else if (const auto percent = scorePercentageTenths(score, value)) {
-        page.at(percentColumn, percent->tenthsText()).text(" %");
+        job.at(percentColumn, percent->tenthsText()).text(" %");
     }
 }
 
-void printAssignments(ReportPage& page, const GradeSheet& sheet, int student,
-                      PercentColumn percents) {
-    page.text("Assignment Name").at(scoreColumn, "Grade").at(headingSlashColumn, " / ");
-    page.at(valueColumn, "Value");
-    if (percents == PercentColumn::Shown) page.at(percentColumn, "Percent");
-    page.endLine();
+void printAssignments(PrintJob& job, const GradeSheet& sheet, int student, PercentColumn percents) {
+    job.text("Assignment Name").at(scoreColumn, "Grade").at(headingSlashColumn, " / ");
+    job.at(valueColumn, "Value");
+    if (percents == PercentColumn::Shown) job.at(percentColumn, "Percent");
+    job.endLine();
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
         const std::string& name = sheet.assignmentName(assignment);
         if (name.empty()) continue;
         const Score score = sheet.score(assignment, student);
         const std::int16_t value = sheet.assignmentValue(assignment);
-        page.text(name).at(scoreColumn, score.text()).at(slashColumn, "/");
-        page.at(valueColumn, std::to_string(value));
-        if (percents == PercentColumn::Shown) printAssignmentPercent(page, score, value);
-        page.endLine();
+        job.text(name).at(scoreColumn, score.text()).at(slashColumn, "/");
+        job.at(valueColumn, std::to_string(value));
+        if (percents == PercentColumn::Shown) printAssignmentPercent(job, score, value);
+        job.endLine();
     }
 }
 
-void printTotal(ReportPage& page, const StudentFigures& figures) {
+void printTotal(PrintJob& job, const StudentFigures& figures) {
     if (figures.pointsPossible == 0) throw DivisionByZeroError();
-    page.text("Total: ").at(scoreColumn, std::to_string(figures.pointsEarned));
-    page.at(slashColumn, "/").at(valueColumn, std::to_string(figures.pointsPossible));
+    job.text("Total: ").at(scoreColumn, std::to_string(figures.pointsEarned));
+    job.at(slashColumn, "/").at(valueColumn, std::to_string(figures.pointsPossible));
     const auto percentage = percentageTenths(figures.pointsEarned, figures.pointsPossible);
-    page.at(percentColumn, tenthsText(percentage)).text(" %");
-    page.at(gradeColumn, "Grade: ").line(letterText(figures.letterGrade));
+    job.at(percentColumn, tenthsText(percentage)).text(" %");
+    job.at(gradeColumn, "Grade: ").line(letterText(figures.letterGrade));
 }
 
-void printStudent(ReportPage& page, const ReportData& data, int student, PercentColumn percents) {
+void printStudent(PrintJob& job, const ReportData& data, int student, PercentColumn percents) {
     const GradeSheet& sheet = data.sheet;
-    printHeading(page, title, data);
-    printClassAverageLine(page, sheet);
-    page.emptyLines(2);
-    page.text("Student: ").line(sheet.studentName(student));
-    printClassRankLine(page, sheet, student);
-    page.emptyLines(2);
-    printAssignments(page, sheet, student, percents);
-    printTotal(page, sheet.figures(student));
+    printHeading(job, title, data);
+    printClassAverageLine(job, sheet);
+    job.emptyLines(2);
+    job.text("Student: ").line(sheet.studentName(student));
+    printClassRankLine(job, sheet, student);
+    job.emptyLines(2);
+    printAssignments(job, sheet, student, percents);
+    printTotal(job, sheet.figures(student));
 }
 
 }  // namespace
 
-void layOutFullReport(ReportPage& page, const ReportData& data) {
+void layOutFullReport(PrintJob& job, const ReportData& data) {
     for (int student = 1; student <= data.sheet.studentCount(); ++student) {
         if (data.sheet.studentName(student).empty()) continue;
-        page.newPage();
-        printStudent(page, data, student, PercentColumn::Shown);
+        job.newPage();
+        printStudent(job, data, student, PercentColumn::Shown);
     }
 }
 
-void layOutIndividualStudentReport(ReportPage& page, const ReportData& data) {
-    printStudent(page, data, data.student, PercentColumn::Hidden);
+void layOutIndividualStudentReport(PrintJob& job, const ReportData& data) {
+    printStudent(job, data, data.student, PercentColumn::Hidden);
 }
 
 }  // namespace quorvel

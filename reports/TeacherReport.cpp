@@ -86,9 +86,9 @@ std::vector<AverageTexts> averageTexts(const GradeSheet& sheet) {
 /// One sheet of the chart: a block of students, a group of assignments.
 class ChartSheet {
   public:
-    ChartSheet(ReportPage& page, const ReportData& data, const std::vector<AverageTexts>& averages,
+    ChartSheet(PrintJob& job, const ReportData& data, const std::vector<AverageTexts>& averages,
                Range students, Range assignments)
-        : page_(page),
+        : job_(job),
           data_(data),
           averages_(averages),
           students_(students),
@@ -96,7 +96,7 @@ class ChartSheet {
 
     void print(int pageNumber) {
         const std::string number = std::to_string(pageNumber);
-        page_.beginFittedPage({fontName, fontSize}, columns(number));
+        job_.beginFittedPage({fontName, fontSize}, columns(number));
         printHeadingLine(number);
         printChartHeading();
         for (int student = students_.first; student <= students_.last; ++student) {
@@ -105,7 +105,7 @@ class ChartSheet {
         printAverages("Average Scores", &AverageTexts::score);
         printAverages("Average Percent", &AverageTexts::percent);
         printKey();
-        page_.endFittedPage();
+        job_.endFittedPage();
     }
 
   private:
@@ -127,11 +127,11 @@ class ChartSheet {
         const auto cut = [](std::string_view text, std::size_t length) {
             return text.substr(0, length);
         };
-        page_.text("Teacher: ").text(cut(data_.teacherName, longestTeacher));
-        page_.at(classColumn, "Class: ").text(cut(data_.sheet.sheetTitle, longestTitle));
-        page_.at(schoolColumn, "School: ").text(cut(data_.schoolName, longestSchool));
-        page_.at(dateColumn, data_.date);
-        page_.at(pageColumn, "Page: ").line(pageNumber);
+        job_.text("Teacher: ").text(cut(data_.teacherName, longestTeacher));
+        job_.at(classColumn, "Class: ").text(cut(data_.sheet.sheetTitle, longestTitle));
+        job_.at(schoolColumn, "School: ").text(cut(data_.schoolName, longestSchool));
+        job_.at(dateColumn, data_.date);
+        job_.at(pageColumn, "Page: ").line(pageNumber);
     }
 
     /// One row of the chart: what `text` gives for each assignment between its ends.
@@ -140,7 +140,7 @@ class ChartSheet {
         for (int assignment = assignments_.first; assignment <= assignments_.last; ++assignment) {
             row += cell(text(assignment), scoreWidth);
         }
-        page_.line(row.append(end));
+        job_.line(row.append(end));
     }
 
     void printChartHeading() {
@@ -174,15 +174,15 @@ class ChartSheet {
         constexpr int perLine = static_cast<int>(std::size(keyColumns));
         for (int assignment = assignments_.first; assignment <= assignments_.last; ++assignment) {
             const int place = (assignment - assignments_.first) % perLine;
-            page_.at(keyColumns[place], "#").text(std::to_string(assignment)).text("-");
-            page_.text(data_.sheet.assignmentName(assignment)).text("-PP:");
-            page_.text(std::to_string(data_.sheet.assignmentValue(assignment)));
-            page_.text("-AS:").text(average(assignment).score);
-            if (place == perLine - 1 || assignment == assignments_.last) page_.endLine();
+            job_.at(keyColumns[place], "#").text(std::to_string(assignment)).text("-");
+            job_.text(data_.sheet.assignmentName(assignment)).text("-PP:");
+            job_.text(std::to_string(data_.sheet.assignmentValue(assignment)));
+            job_.text("-AS:").text(average(assignment).score);
+            if (place == perLine - 1 || assignment == assignments_.last) job_.endLine();
         }
     }
 
-    ReportPage& page_;
+    PrintJob& job_;
     const ReportData& data_;
     const std::vector<AverageTexts>& averages_;
     Range students_;
@@ -191,7 +191,7 @@ class ChartSheet {
 
 }  // namespace
 
-void layOutTeacherReport(ReportPage& page, const ReportData& data) {
+void layOutTeacherReport(PrintJob& job, const ReportData& data) {
     const int studentCount = data.sheet.studentCount();
     const int assignmentCount = data.sheet.assignmentCount();
     const std::vector<AverageTexts> averages = averageTexts(data.sheet);
@@ -203,7 +203,7 @@ void layOutTeacherReport(ReportPage& page, const ReportData& data) {
         const Range students = partOf(studentCount, studentsOnSheet, block);
         for (int group = 1; group <= groups; ++group) {
             const Range assignments = partOf(assignmentCount, assignmentsOnSheet, group);
-            ChartSheet(page, data, averages, students, assignments)
+            ChartSheet(job, data, averages, students, assignments)
                 .print((block - 1) * groups + group);
         }
     }

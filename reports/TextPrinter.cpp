@@ -14,12 +14,12 @@ bool breaksLayout(char character) {
 
 }  // namespace
 
-PageSize TextPrinter::startJob(std::string_view title, Orientation orientation) {
-    jobTitle_ = title;
-    orientation_ = orientation;
+Paper TextPrinter::startJob(const PrintJobSettings& settings) {
+    jobTitle_ = settings.title;
+    orientation_ = settings.orientation;
     pages_.assign(1, {});
     fonts_.clear();
-    return page_;
+    return {.printable = page_};
 }
 
 void TextPrinter::startPage() {

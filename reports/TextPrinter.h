@@ -16,7 +16,7 @@ class TextPrinter final : public Printer {
 
     explicit TextPrinter(PageSize page = endlessPage) : page_(page) {}
 
-    PageSize startJob(std::string_view title, Orientation orientation) override;
+    Paper startJob(const PrintJobSettings& settings) override;
     void startPage() override;
     void endJob() override;
     void cancelJob() noexcept override;

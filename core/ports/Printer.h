@@ -8,10 +8,33 @@ namespace quorvel {
 
 enum class Orientation { Portrait, Landscape };
 
-/// Lengths in the printer's own units (dots, or characters on a text printer).
+/// How a job is to be printed.
+struct PrintJobSettings {
+    std::string_view title;
+    Orientation orientation = Orientation::Portrait;
+    /// Whether every page needs a sheet of its own, whatever the printer is set to.
+    bool oneSided = false;
+};
+
+// Lengths are in the printer's own units (dots, or characters on a text printer).
+
 struct PageSize {
     int width = 0;
     int height = 0;
+};
+
+struct Edges {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+/// What a job is printed on.
+struct Paper {
+    PageSize printable{};  // where the printer can print, from its upper left corner (0, 0) on
+    Edges unprintable{};   // what it leaves free beyond that at each edge
+    PageSize inch{};       // an inch across and down; 0 on a paper without edges
 };
 
 struct FontMeasure {
@@ -20,13 +43,14 @@ struct FontMeasure {
 };
 
 /// The system's default printer, one job at a time. Every function but cancelJob throws
-/// PrinterError with the reason when the printer is missing or fails.
+/// PrinterError with the reason when the printer is missing or fails, and PrintingCalledOff when
+/// the user cancelled the job in a box or a queue of the printer's own.
 class Printer {
   public:
     virtual ~Printer() = default;
 
-    /// Opens a job named `title` and its first page.
-    virtual PageSize startJob(std::string_view title, Orientation orientation) = 0;
+    /// Opens a job and its first page.
+    virtual Paper startJob(const PrintJobSettings& settings) = 0;
     /// Ends the page under way and starts the next one.
     virtual void startPage() = 0;
     /// Ends the page under way and hands the job to the system.

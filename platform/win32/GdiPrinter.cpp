@@ -27,21 +27,49 @@ UniqueFont createPrintFont(const PrintFont& font, int dotsPerInch, int character
                                     DEFAULT_QUALITY, pitch, toWide(font.name, codePage).c_str()));
 }
 
+Paper paperOf(HDC printer) {
+    const auto value = [printer](int index) { return ::GetDeviceCaps(printer, index); };
+    const PageSize printable{value(HORZRES), value(VERTRES)};
+    const int left = value(PHYSICALOFFSETX);
+    const int top = value(PHYSICALOFFSETY);
+    return {.printable = printable,
+            .unprintable = {.left = left,
+                            .top = top,
+                            .right = value(PHYSICALWIDTH) - left - printable.width,
+                            .bottom = value(PHYSICALHEIGHT) - top - printable.height},
+            .inch = {value(LOGPIXELSX), value(LOGPIXELSY)}};
+}
+
 }  // namespace
 
-PageSize GdiPrinter::startJob(std::string_view title, Orientation orientation) {
+template <typename Function>
+void GdiPrinter::require(const Function& succeeds) const {
+    // A failure does not always leave a reason: what an earlier one left is not to be taken for it.
+    ::SetLastError(ERROR_SUCCESS);
+    if (succeeds()) return;
+    const DWORD reason = ::GetLastError();
+    if (reason == ERROR_CANCELLED || reason == ERROR_PRINT_CANCELLED) throw PrintingCalledOff();
+    const std::string text =
+        reason == ERROR_SUCCESS ? std::string() : systemErrorText(reason, codePage_);
+    throw PrinterError(text.empty() ? "The printer failed and gave no reason."
+                                    : "The printer failed: " + text);
+}
+
+Paper GdiPrinter::startJob(const PrintJobSettings& settings) {
     const std::wstring name = defaultPrinterName();
     if (name.empty()) throw PrinterError("There is no default printer.");
-    printer_ = openPrinter(name, orientation);
-    require(printer_ != nullptr);
+    require([&] {
+        printer_ = openPrinter(name, settings);
+        return printer_ != nullptr;
+    });
 
-    const std::wstring jobTitle = toWide(title, codePage_);
+    const std::wstring jobTitle = toWide(settings.title, codePage_);
     DOCINFOW job{};
     job.cbSize = sizeof job;
     job.lpszDocName = jobTitle.c_str();
-    require(::StartDocW(printer_.get(), &job) > 0);
+    require([&] { return ::StartDocW(printer_.get(), &job) > 0; });
     beginPage();
-    return {::GetDeviceCaps(printer_.get(), HORZRES), ::GetDeviceCaps(printer_.get(), VERTRES)};
+    return paperOf(printer_.get());
 }
 
 void GdiPrinter::startPage() {
@@ -51,7 +79,7 @@ void GdiPrinter::startPage() {
 
 void GdiPrinter::endJob() {
     endPage();
-    require(::EndDoc(printer_.get()) > 0);
+    require([this] { return ::EndDoc(printer_.get()) > 0; });
     release();
 }
 
@@ -61,15 +89,18 @@ void GdiPrinter::cancelJob() noexcept {
 }
 
 FontMeasure GdiPrinter::selectFont(const PrintFont& font, int characterWidth) {
-    UniqueFont created = createPrintFont(font, ::GetDeviceCaps(printer_.get(), LOGPIXELSY),
-                                         characterWidth, codePage_);
-    require(created != nullptr);
+    UniqueFont created;
+    require([&] {
+        created = createPrintFont(font, ::GetDeviceCaps(printer_.get(), LOGPIXELSY), characterWidth,
+                                  codePage_);
+        return created != nullptr;
+    });
     selection_ = SelectedObject();
     font_ = std::move(created);
     selectCurrentFont();
 
     TEXTMETRICW metrics{};
-    require(::GetTextMetricsW(printer_.get(), &metrics) != 0);
+    require([&] { return ::GetTextMetricsW(printer_.get(), &metrics) != 0; });
     characterWidth_ = static_cast<int>(metrics.tmAveCharWidth);
     // The bit tells the opposite of its name.
     isFixedPitch_ = (metrics.tmPitchAndFamily & TMPF_FIXED_PITCH) == 0;
@@ -80,8 +111,10 @@ int GdiPrinter::textWidth(std::string_view text) {
     if (isFixedPitch_) return characterWidth_ * static_cast<int>(text.size());
     const std::wstring wide = toWide(text, codePage_);
     SIZE size{};
-    require(::GetTextExtentPoint32W(printer_.get(), wide.c_str(), static_cast<int>(wide.size()),
-                                    &size) != 0);
+    require([&] {
+        return ::GetTextExtentPoint32W(printer_.get(), wide.c_str(), static_cast<int>(wide.size()),
+                                       &size) != 0;
+    });
     return static_cast<int>(size.cx);
 }
 
@@ -91,41 +124,39 @@ void GdiPrinter::printText(int left, int top, std::string_view text) {
     // The printer's own advances are not quite those that were measured: columns would drift apart,
     // and narrowed characters run into what stands behind them.
     const std::vector<int> advances = advancesOf(wide);
-    require(::ExtTextOutW(printer_.get(), left, top, 0, nullptr, wide.c_str(),
-                          static_cast<UINT>(wide.size()), advances.data()) != 0);
+    require([&] {
+        return ::ExtTextOutW(printer_.get(), left, top, 0, nullptr, wide.c_str(),
+                             static_cast<UINT>(wide.size()), advances.data()) != 0;
+    });
 }
 
 std::vector<int> GdiPrinter::advancesOf(const std::wstring& text) const {
     if (isFixedPitch_) return std::vector<int>(text.size(), characterWidth_);
     std::vector<int> advances(text.size());
     SIZE size{};
-    require(::GetTextExtentExPointW(printer_.get(), text.c_str(), static_cast<int>(text.size()), 0,
-                                    nullptr, advances.data(), &size) != 0);
+    require([&] {
+        return ::GetTextExtentExPointW(printer_.get(), text.c_str(), static_cast<int>(text.size()),
+                                       0, nullptr, advances.data(), &size) != 0;
+    });
     std::adjacent_difference(advances.begin(), advances.end(), advances.begin());
     return advances;
 }
 
 void GdiPrinter::beginPage() {
-    require(::StartPage(printer_.get()) > 0);
+    require([this] { return ::StartPage(printer_.get()) > 0; });
     ::SetBkMode(printer_.get(), TRANSPARENT);
     ::SetTextAlign(printer_.get(), TA_LEFT | TA_TOP);
     if (font_) selectCurrentFont();
 }
 
 void GdiPrinter::endPage() {
-    require(::EndPage(printer_.get()) > 0);
+    require([this] { return ::EndPage(printer_.get()) > 0; });
 }
 
 /// Some drivers forget the selected font where a page starts.
 void GdiPrinter::selectCurrentFont() {
     selection_ = SelectedObject();
     selection_ = SelectedObject(printer_.get(), font_.get());
-}
-
-void GdiPrinter::require(bool succeeded) const {
-    if (succeeded) return;
-    const std::string reason = systemErrorText(::GetLastError(), codePage_);
-    throw PrinterError(reason.empty() ? "The printer failed." : "The printer failed: " + reason);
 }
 
 void GdiPrinter::release() noexcept {

@@ -15,7 +15,7 @@ class GdiPrinter final : public Printer {
     /// `codePage` must outlive the printer.
     explicit GdiPrinter(const CodePage& codePage) : codePage_(codePage) {}
 
-    PageSize startJob(std::string_view title, Orientation orientation) override;
+    Paper startJob(const PrintJobSettings& settings) override;
     void startPage() override;
     void endJob() override;
     void cancelJob() noexcept override;
@@ -29,8 +29,10 @@ class GdiPrinter final : public Printer {
     void beginPage();
     void endPage();
     void selectCurrentFont();
-    /// Throws PrinterError with Windows' reason when `succeeded` is false.
-    void require(bool succeeded) const;
+    /// Runs one of Windows' functions. Throws PrinterError with Windows' reason when it is false,
+    /// and PrintingCalledOff where the reason is that the user cancelled.
+    template <typename Function>
+    void require(const Function& succeeds) const;
     void release() noexcept;
 
     const CodePage& codePage_;

@@ -31,7 +31,7 @@ class PrinterHandle {
 
 /// The printer's settings, a DEVMODEW with what the driver keeps behind it; empty where the driver
 /// gives none.
-std::vector<std::byte> settingsOf(const std::wstring& name, Orientation orientation) {
+std::vector<std::byte> settingsOf(const std::wstring& name, const PrintJobSettings& job) {
     const PrinterHandle printer(name);
     if (printer.get() == nullptr) return {};
     auto* const device = const_cast<wchar_t*>(name.c_str());
@@ -43,7 +43,11 @@ std::vector<std::byte> settingsOf(const std::wstring& name, Orientation orientat
         return {};
     mode->dmFields |= DM_ORIENTATION;
     mode->dmOrientation =
-        orientation == Orientation::Landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+        job.orientation == Orientation::Landscape ? DMORIENT_LANDSCAPE : DMORIENT_PORTRAIT;
+    if (job.oneSided) {
+        mode->dmFields |= DM_DUPLEX;
+        mode->dmDuplex = DMDUP_SIMPLEX;
+    }
     // The driver brings what depends on the orientation into line.
     if (::DocumentPropertiesW(nullptr, printer.get(), device, mode, mode,
                               DM_IN_BUFFER | DM_OUT_BUFFER) != IDOK)
@@ -62,8 +66,8 @@ std::wstring defaultPrinterName() {
     return name;
 }
 
-UniqueDC openPrinter(const std::wstring& name, Orientation orientation) {
-    const std::vector<std::byte> settings = settingsOf(name, orientation);
+UniqueDC openPrinter(const std::wstring& name, const PrintJobSettings& job) {
+    const std::vector<std::byte> settings = settingsOf(name, job);
     const auto* const mode =
         settings.empty() ? nullptr : reinterpret_cast<const DEVMODEW*>(settings.data());
     return UniqueDC(::CreateDCW(L"WINSPOOL", name.c_str(), nullptr, mode));

@@ -11,6 +11,6 @@ namespace quorvel {
 std::wstring defaultPrinterName();
 
 /// A context to draw on the named printer; none when it cannot be reached (see GetLastError).
-UniqueDC openPrinter(const std::wstring& name, Orientation orientation);
+UniqueDC openPrinter(const std::wstring& name, const PrintJobSettings& job);
 
 }  // namespace quorvel

@@ -11,7 +11,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr double dotsPerPoint = 300.0 / 72.0;
+constexpr double dotsPerPoint = FakePrinter::dotsPerInch / 72.0;
 /// Courier New's character width and line height as parts of its size.
 constexpr double characterWidthPart = 0.6;
 constexpr double lineHeightPart = 1.1328;
@@ -27,15 +27,17 @@ FakePrinter::Job& FakePrinter::openJob() {
     return *job_;
 }
 
-PageSize FakePrinter::startJob(std::string_view title, Orientation orientation) {
+Paper FakePrinter::startJob(const PrintJobSettings& settings) {
     if (state == State::None) throw PrinterError("There is no default printer.");
     if (job_) throw std::logic_error("a job is under way already");
     job_ = Job{};
-    job_->title = title;
-    job_->orientation = orientation;
+    job_->title = settings.title;
+    job_->orientation = settings.orientation;
     page_.clear();
-    if (orientation == Orientation::Portrait) return paper;
-    return {paper.height, paper.width};
+    const bool isUpright = settings.orientation == Orientation::Portrait;
+    return {.printable = isUpright ? paper : PageSize{paper.height, paper.width},
+            .unprintable = {},
+            .inch = {dotsPerInch, dotsPerInch}};
 }
 
 void FakePrinter::startPage() {
@@ -75,7 +77,7 @@ void FakePrinter::printText(int left, int top, std::string_view text) {
     if (state == State::Fails) throw PrinterError("The printer failed.");
     if (measure_.averageCharacterWidth == 0) throw std::logic_error("no font is selected");
     if (std::ranges::find(job.fonts, font_) == job.fonts.end()) job.fonts.push_back(font_);
-    page_.push_back({left, top, measure_, std::string(text)});
+    page_.push_back({left - margin, top - margin, measure_, std::string(text)});
 }
 
 void FakePrinter::endPage() {

@@ -12,8 +12,11 @@ namespace quorvel {
 /// measured as Courier New of its size is.
 class FakePrinter final : public Printer {
   public:
-    /// The printable area of the paper, upright: Letter.
+    static constexpr int dotsPerInch = 300;
+    /// The paper, upright: Letter, which can be printed on from edge to edge.
     static constexpr PageSize paper{2550, 3300};
+    /// What a job keeps free at each edge.
+    static constexpr int margin = dotsPerInch / 4;
 
     enum class State { Ready, None, Fails };
 
@@ -30,7 +33,7 @@ class FakePrinter final : public Printer {
     std::vector<Job> jobs;  // those that came out
     int cancelledJobs = 0;
 
-    PageSize startJob(std::string_view title, Orientation orientation) override;
+    Paper startJob(const PrintJobSettings& settings) override;
     void startPage() override;
     void endJob() override;
     void cancelJob() noexcept override;
@@ -39,6 +42,7 @@ class FakePrinter final : public Printer {
     void printText(int left, int top, std::string_view text) override;
 
   private:
+    /// Places count from the corner that the margins leave.
     struct PrintedText {
         int left = 0;
         int top = 0;

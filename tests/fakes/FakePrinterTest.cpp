@@ -7,10 +7,12 @@ namespace quorvel {
 namespace {
 
 const PrintFont courier{"Courier New", 10};
+const PrintJobSettings sideways{.title = "Job", .orientation = Orientation::Landscape};
+constexpr int margin = FakePrinter::margin;
 
 TEST(FakePrinter, MeasuresAreThoseOfThePrintQueue) {
     FakePrinter printer;
-    const PageSize upright = printer.startJob("Job", Orientation::Portrait);
+    const PageSize upright = printer.startJob({.title = "Job"}).printable;
     EXPECT_EQ(upright.width, 2550);
     EXPECT_EQ(upright.height, 3300);
     const FontMeasure usual = printer.selectFont(courier);
@@ -24,18 +26,18 @@ TEST(FakePrinter, MeasuresAreThoseOfThePrintQueue) {
     EXPECT_EQ(narrow.lineHeight, 46);
     EXPECT_EQ(printer.textWidth("four"), 92);
     printer.cancelJob();
-    EXPECT_EQ(printer.startJob("Job", Orientation::Landscape).width, 3300);
+    EXPECT_EQ(printer.startJob(sideways).printable.width, 3300);
 }
 
 TEST(FakePrinter, TextStandsInItsColumnAndLine) {
     FakePrinter printer;
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.selectFont(courier);
-    printer.printText(0, 0, "Name   ");
-    printer.printText(25 * 9, 0, "Total");
-    printer.printText(25 * 2, 47 * 3, "x");
+    printer.printText(margin, margin, "Name   ");
+    printer.printText(margin + 25 * 9, margin, "Total");
+    printer.printText(margin + 25 * 2, margin + 47 * 3, "x");
     printer.startPage();
-    printer.printText(0, 47, "second");
+    printer.printText(margin, margin + 47, "second");
     printer.endJob();
     ASSERT_EQ(printer.jobs.size(), 1U);
     const std::vector<std::vector<std::string>> expected{{"Name     Total", "", "", "  x"},
@@ -47,9 +49,10 @@ TEST(FakePrinter, TextStandsInItsColumnAndLine) {
 
 TEST(FakePrinter, LinesThatStandCloserAreStillLines) {
     FakePrinter printer;
-    printer.startJob("Job", Orientation::Landscape);
+    printer.startJob(sideways);
     printer.selectFont(courier, 20);
-    for (int line = 0; line < 4; ++line) printer.printText(20 * line, 40 * line, "x");
+    for (int line = 0; line < 4; ++line)
+        printer.printText(margin + 20 * line, margin + 40 * line, "x");
     printer.endJob();
     const std::vector<std::vector<std::string>> expected{{"x", " x", "  x", "   x"}};
     EXPECT_EQ(printer.jobs[0].pages, expected);
@@ -59,7 +62,7 @@ TEST(FakePrinter, LinesThatStandCloserAreStillLines) {
 TEST(FakePrinter, WithoutAPrinterNoJobStarts) {
     FakePrinter printer;
     printer.state = FakePrinter::State::None;
-    EXPECT_THROW(printer.startJob("Job", Orientation::Portrait), PrinterError);
+    EXPECT_THROW(printer.startJob({.title = "Job"}), PrinterError);
     printer.cancelJob();
     EXPECT_EQ(printer.cancelledJobs, 0);
 }
@@ -67,7 +70,7 @@ TEST(FakePrinter, WithoutAPrinterNoJobStarts) {
 TEST(FakePrinter, AJobThatFailsOrIsCancelledDoesNotComeOut) {
     FakePrinter printer;
     printer.state = FakePrinter::State::Fails;
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.selectFont(courier);
     EXPECT_THROW(printer.printText(0, 0, "x"), PrinterError);
     printer.cancelJob();
@@ -80,8 +83,8 @@ TEST(FakePrinter, NothingIsPrintedWithoutAJob) {
     EXPECT_THROW(printer.selectFont(courier), std::logic_error);
     EXPECT_THROW(printer.printText(0, 0, "x"), std::logic_error);
     EXPECT_THROW(printer.endJob(), std::logic_error);
-    printer.startJob("Job", Orientation::Portrait);
-    EXPECT_THROW(printer.startJob("Job", Orientation::Portrait), std::logic_error);
+    printer.startJob({.title = "Job"});
+    EXPECT_THROW(printer.startJob({.title = "Job"}), std::logic_error);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace quorvel {
 /// For code that must do without a printer, a canvas or a clock: every call is an error.
 class UnusedPrinter final : public Printer {
   public:
-    PageSize startJob(std::string_view, Orientation) override { fail(); }
+    Paper startJob(const PrintJobSettings&) override { fail(); }
     void startPage() override { fail(); }
     void endJob() override { fail(); }
     void cancelJob() noexcept override {}

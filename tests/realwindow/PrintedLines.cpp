@@ -10,7 +10,10 @@ namespace quorvel::scenario {
 
 namespace {
 
-constexpr double dotsPerPoint = 300.0 / 72.0;
+constexpr int dotsPerInch = 300;
+constexpr double dotsPerPoint = dotsPerInch / 72.0;
+/// What the program keeps free at the left and the top.
+constexpr int margin = dotsPerInch / 4;
 /// Of the font's height in dots: how far above its baseline a line of text begins, what lines are
 /// apart usually, at most and at least, and the width of a character of fixed pitch.
 constexpr double ascentPart = 0.8333;
@@ -60,8 +63,7 @@ std::vector<Run> runsOf(const std::vector<PrintedCharacter>& line, int pitch, bo
     for (const PrintedCharacter& character : line) {
         const int gap = character.left - expected;
         if (runs.empty() || gap > pitch / 2 || gap < -pitch / 2) {
-            const auto column =
-                std::lround(static_cast<double>(character.left) / static_cast<double>(pitch));
+            const auto column = std::lround(static_cast<double>(character.left - margin) / pitch);
             runs.push_back({static_cast<int>(column), {}});
         }
         runs.back().text += character.character;
@@ -121,7 +123,7 @@ std::string lineOf(std::vector<PrintedCharacter> characters, const FontOnPaper& 
 std::vector<std::string> linesOf(const PrintedPage& page, const FontOnPaper& font,
                                  std::span<const std::string> dates) {
     const double fontHeight = font.size * dotsPerPoint;
-    const double first = fontHeight * ascentPart;
+    const double first = margin + fontHeight * ascentPart;
     const int pitch = linePitchOf(page, fontHeight);
     std::map<long, std::vector<PrintedCharacter>> rows;
     for (const PrintedCharacter& character : page.characters)

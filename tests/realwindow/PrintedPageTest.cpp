@@ -27,7 +27,12 @@ class Paper {
         }
         return *this;
     }
+    /// Places count from the corner that the program's margins leave.
     Paper& draw(int left, int right, int baseline, const std::string& written) {
+        constexpr int margin = 75;
+        left += margin;
+        right += margin;
+        baseline += margin;
         const std::string y = " " + std::to_string(baseline) + " ";
         const std::string box = "bbox=\"" + std::to_string(left) + y + std::to_string(right) +
                                 y.substr(0, y.size() - 1) + "\"";

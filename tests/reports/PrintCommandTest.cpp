@@ -7,6 +7,7 @@
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/fakes/ScriptedDialogs.h"
 #include "tests/fakes/UnusedPorts.h"
+#include "tests/reports/RecordingPrinter.h"
 
 #include <gtest/gtest.h>
 
@@ -207,6 +208,24 @@ TEST_F(PrintCommandTest, TheTeacherReportShowsWhatTheGridShows) {
     window.aliasesShown = true;
     expectChoice("5");
     EXPECT_NE(print().find("|Alias 1 "), std::string::npos);
+}
+
+TEST_F(PrintCommandTest, AFullReportWithoutANamedStudentIsNoJob) {
+    sheet.addStudent("", "nameless");
+    expectChoice("1");
+    EXPECT_EQ(print(), "");
+    EXPECT_EQ(printer.jobTitle(), "");
+}
+
+TEST_F(PrintCommandTest, AJobThatTheUserCallsOffInThePrintersOwnBoxEndsQuietly) {
+    RecordingPrinter device({2000, 2000});
+    device.calledOff = true;
+    Ports withDevice{dialogs, files, device, canvas, clock, shell};
+    CommandContext program{sheet, state, window, withDevice};
+    addStudents(1);
+    expectChoice("6");
+    mnuPrint(program);
+    EXPECT_EQ(device.calls, (std::vector<std::string>{"cancel"}));
 }
 
 TEST_F(PrintCommandTest, AReportThatStopsPrintsNothingAndSaysWhy) {

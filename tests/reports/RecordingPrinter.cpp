@@ -4,12 +4,14 @@
 
 namespace quorvel {
 
-PageSize RecordingPrinter::startJob(std::string_view title, Orientation jobOrientation) {
+Paper RecordingPrinter::startJob(const PrintJobSettings& settings) {
     count();
-    orientation = jobOrientation;
-    calls.push_back("start " + std::string(title));
+    if (calledOff) throw PrintingCalledOff();
+    orientation = settings.orientation;
+    oneSided = settings.oneSided;
+    calls.push_back("start " + std::string(settings.title));
     pageNumber_ = 1;
-    return page_;
+    return paper;
 }
 
 void RecordingPrinter::startPage() {

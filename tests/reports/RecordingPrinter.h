@@ -24,21 +24,27 @@ class RecordingPrinter final : public Printer {
         std::string text;
     };
 
-    explicit RecordingPrinter(PageSize page) : page_(page) {}
+    explicit RecordingPrinter(PageSize printable) : paper{.printable = printable} {}
 
     /// In a proportional font capital letters are half as wide again as the average.
     bool isProportional = false;
     /// The call that fails, counted from 1; 0 for none.
     int failingCall = 0;
 
+    /// Whether the user cancels the box that the printer shows where a job starts.
+    bool calledOff = false;
+
     std::vector<Piece> pieces;
     /// The fonts with the character widths asked for.
     std::vector<std::pair<PrintFont, int>> selections;
     /// What happened to jobs and pages: "start Class Report", "page", "end", "cancel".
     std::vector<std::string> calls;
+    Paper paper;
+    /// Of the job started last.
     Orientation orientation = Orientation::Portrait;
+    bool oneSided = false;
 
-    PageSize startJob(std::string_view title, Orientation jobOrientation) override;
+    Paper startJob(const PrintJobSettings& settings) override;
     void startPage() override;
     void endJob() override;
     void cancelJob() noexcept override { calls.emplace_back("cancel"); }
@@ -51,7 +57,6 @@ class RecordingPrinter final : public Printer {
   private:
     void count();
 
-    PageSize page_;
     int callCount_ = 0;
     int pageNumber_ = 0;
     int characterWidth_ = ownCharacterWidth;

@@ -257,6 +257,25 @@ TEST_F(ReportsTest, EveryJobIsNamedAfterItsReport) {
     }
 }
 
+TEST_F(ReportsTest, PagesForDifferentStudentsArePrintedOnOneSide) {
+    sheet.addAssignment("Quiz", 10);
+    addStudents(2);
+    data.student = 1;
+    sheet.recomputeFigures(GradingScale());
+    for (int kind = 1; kind <= 6; ++kind) {
+        RecordingPrinter device({2550, 3300});
+        printReport(static_cast<ReportKind>(kind), data, device);
+        EXPECT_EQ(device.oneSided, kind == 1 || kind == 6) << "report " << kind;
+    }
+}
+
+TEST_F(ReportsTest, TheFullReportWithoutANamedStudentIsNoJob) {
+    sheet.addStudent("", "nameless");
+    RecordingPrinter device({2550, 3300});
+    printReport(ReportKind::Full, data, device);
+    EXPECT_TRUE(device.calls.empty());
+}
+
 TEST_F(ReportsTest, APrinterThatFailsAtAnyCallLeavesACancelledJobAndItsReason) {
     sheet.addAssignment("Quiz", 10);
     addStudents(7);

@@ -12,7 +12,7 @@ class TextPrinterTest : public testing::Test {
 };
 
 TEST_F(TextPrinterTest, PutsTextIntoItsColumnAndLine) {
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.printText(4, 1, "five");
     printer.printText(0, 1, "one");
     printer.endJob();
@@ -20,7 +20,7 @@ TEST_F(TextPrinterTest, PutsTextIntoItsColumnAndLine) {
 }
 
 TEST_F(TextPrinterTest, LeavesOutBlanksAtLineEndsButNoEmptyLine) {
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.printText(0, 0, "Total:   ");
     printer.printText(0, 1, "   ");
     printer.printText(0, 2, "");
@@ -29,7 +29,7 @@ TEST_F(TextPrinterTest, LeavesOutBlanksAtLineEndsButNoEmptyLine) {
 }
 
 TEST_F(TextPrinterTest, PutsAFormFeedDirectlyBeforeTheFirstLineOfEveryPageButTheFirst) {
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.printText(0, 0, "one");
     printer.startPage();
     printer.printText(0, 0, "two");
@@ -41,7 +41,7 @@ TEST_F(TextPrinterTest, PutsAFormFeedDirectlyBeforeTheFirstLineOfEveryPageButThe
 }
 
 TEST_F(TextPrinterTest, ACancelledJobLeavesNothing) {
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.printText(0, 0, "one");
     printer.cancelJob();
     EXPECT_EQ(printer.text(), "");
@@ -49,7 +49,7 @@ TEST_F(TextPrinterTest, ACancelledJobLeavesNothing) {
 }
 
 TEST_F(TextPrinterTest, TabsAndBreaksInsideATextDoNotMoveWhatStandsBehindThem) {
-    printer.startJob("Job", Orientation::Portrait);
+    printer.startJob({.title = "Job"});
     printer.printText(0, 0, "a\tb\r\nc\fd\ve");
     printer.printText(10, 0, "f");
     printer.endJob();
@@ -57,7 +57,7 @@ TEST_F(TextPrinterTest, TabsAndBreaksInsideATextDoNotMoveWhatStandsBehindThem) {
 }
 
 TEST_F(TextPrinterTest, RemembersTitleOrientationAndFonts) {
-    printer.startJob("Class Report", Orientation::Landscape);
+    printer.startJob({.title = "Class Report", .orientation = Orientation::Landscape});
     printer.selectFont({"Courier New", 9.75F});
     printer.endJob();
     EXPECT_EQ(printer.jobTitle(), "Class Report");

@@ -1,4 +1,4 @@
-#include "reports/ReportPage.h"
+#include "reports/PrintJob.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,35 +12,48 @@ namespace {
 constexpr int closestPitchNumerator = 3;
 constexpr int closestPitchDenominator = 4;
 
-/// Cancels a job that its report did not bring to an end, startJob's own failure included.
-PageSize startJobOrCancel(Printer& printer, std::string_view jobTitle, Orientation orientation) {
-    try {
-        return printer.startJob(jobTitle, orientation);
-    } catch (...) {
-        printer.cancelJob();
-        throw;
-    }
+/// Printers cannot print at the very edge of a paper, even where their drivers say so: text keeps
+/// this part of an inch from it.
+constexpr int marginsInInch = 4;
+
+int marginWithin(int inch, int unprintable) {
+    return std::max(0, inch / marginsInInch - unprintable);
 }
 
 }  // namespace
 
-ReportPage::ReportPage(Printer& printer, std::string_view jobTitle, Orientation orientation,
-                       const PrintFont& font)
-    : printer_(printer), page_(startJobOrCancel(printer, jobTitle, orientation)), font_(font) {
+PrintJob::PrintJob(Printer& printer, const PrintJobSettings& settings, const PrintFont& font)
+    : printer_(printer), font_(font) {
     try {
+        const Paper paper = printer_.startJob(settings);
+        page_ = textAreaOf(paper);
         measure_ = printer_.selectFont(font_);
+        linePitch_ = pitchFor(paper.printable.height / measure_.lineHeight);
     } catch (...) {
         printer_.cancelJob();
         throw;
     }
-    linePitch_ = measure_.lineHeight;
 }
 
-ReportPage::~ReportPage() {
+PrintJob::TextArea PrintJob::textAreaOf(const Paper& paper) {
+    const Edges& unprintable = paper.unprintable;
+    const int left = marginWithin(paper.inch.width, unprintable.left);
+    const int top = marginWithin(paper.inch.height, unprintable.top);
+    const int right = marginWithin(paper.inch.width, unprintable.right);
+    const int bottom = marginWithin(paper.inch.height, unprintable.bottom);
+    return {left, top, paper.printable.width - left - right, paper.printable.height - top - bottom};
+}
+
+int PrintJob::pitchFor(int lineCount) const {
+    const int closestPitch = measure_.lineHeight * closestPitchNumerator / closestPitchDenominator;
+    return std::clamp(page_.height / std::max(1, lineCount), closestPitch, measure_.lineHeight);
+}
+
+PrintJob::~PrintJob() {
     if (!finished_) printer_.cancelJob();
 }
 
-ReportPage& ReportPage::text(std::string_view text) {
+PrintJob& PrintJob::text(std::string_view text) {
     if (line_.empty()) return at(1, text);
     Piece& piece = line_.back();
     piece.text += text;
@@ -48,14 +61,14 @@ ReportPage& ReportPage::text(std::string_view text) {
     return *this;
 }
 
-ReportPage& ReportPage::at(int column, std::string_view text) {
+PrintJob& PrintJob::at(int column, std::string_view text) {
     const int left = columnLeft(column);
     if (!line_.empty() && line_.back().right > left) endLine();
     line_.push_back({column, std::string(text), left, left + printer_.textWidth(text)});
     return *this;
 }
 
-void ReportPage::endLine() {
+void PrintJob::endLine() {
     Line ended = std::exchange(line_, {});
     if (fittingPage_) {
         heldLines_.push_back(std::move(ended));
@@ -64,23 +77,23 @@ void ReportPage::endLine() {
     }
 }
 
-void ReportPage::line(std::string_view content) {
+void PrintJob::line(std::string_view content) {
     text(content);
     endLine();
 }
 
-void ReportPage::emptyLines(int count) {
+void PrintJob::emptyLines(int count) {
     for (int i = 0; i < count; ++i) endLine();
 }
 
-void ReportPage::newPage() {
+void PrintJob::newPage() {
     if (pageIsEmpty_) return;
     printer_.startPage();
     top_ = 0;
     pageIsEmpty_ = true;
 }
 
-void ReportPage::beginFittedPage(const PrintFont& font, int columns) {
+void PrintJob::beginFittedPage(const PrintFont& font, int columns) {
     newPage();
     font_ = font;
     characterWidth_ = 0;
@@ -92,25 +105,23 @@ void ReportPage::beginFittedPage(const PrintFont& font, int columns) {
     fittingPage_ = true;
 }
 
-void ReportPage::endFittedPage() {
+void PrintJob::endFittedPage() {
     fittingPage_ = false;
-    const int closestPitch = measure_.lineHeight * closestPitchNumerator / closestPitchDenominator;
-    const int lineCount = std::max(1, static_cast<int>(heldLines_.size()));
-    linePitch_ = std::clamp(page_.height / lineCount, closestPitch, measure_.lineHeight);
+    linePitch_ = pitchFor(static_cast<int>(heldLines_.size()));
     for (Line& held : std::exchange(heldLines_, {})) placeLine(std::move(held));
 }
 
-void ReportPage::finish() {
+void PrintJob::finish() {
     printer_.endJob();
     finished_ = true;
 }
 
-int ReportPage::columnLeft(int column) const {
+int PrintJob::columnLeft(int column) const {
     return (column - 1) * measure_.averageCharacterWidth;
 }
 
 /// Puts every piece at its column in the selected font, or behind the piece before it.
-void ReportPage::layOut(Line& line) {
+void PrintJob::layOut(Line& line) {
     int right = 0;
     for (Piece& piece : line) {
         piece.left = std::max(columnLeft(piece.column), right);
@@ -120,7 +131,7 @@ void ReportPage::layOut(Line& line) {
 }
 
 /// Lays the line out in characters as narrow as the page needs, which stay selected.
-void ReportPage::narrowToPage(Line& line) {
+void PrintJob::narrowToPage(Line& line) {
     const int wanted = line.back().right;
     const auto scaled = std::int64_t{measure_.averageCharacterWidth} * page_.width / wanted;
     for (int width = std::max(1, static_cast<int>(scaled)); width >= 1; --width) {
@@ -130,13 +141,14 @@ void ReportPage::narrowToPage(Line& line) {
     }
 }
 
-void ReportPage::placeLine(Line line) {
+void PrintJob::placeLine(Line line) {
     if (top_ + linePitch_ > page_.height) newPage();
     const bool tooWide = !line.empty() && line.back().right > page_.width;
     if (tooWide) narrowToPage(line);
     // An empty line is printed, too: a printer of plain text then knows that it is there.
-    if (line.empty()) printer_.printText(0, top_, "");
-    for (const Piece& piece : line) printer_.printText(piece.left, top_, piece.text);
+    const int top = page_.top + top_;
+    if (line.empty()) printer_.printText(page_.left, top, "");
+    for (const Piece& piece : line) printer_.printText(page_.left + piece.left, top, piece.text);
     if (tooWide) measure_ = printer_.selectFont(font_, characterWidth_);
     top_ += linePitch_;
     pageIsEmpty_ = false;

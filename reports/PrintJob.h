@@ -8,21 +8,20 @@
 
 namespace quorvel {
 
-/// The pages of one print job, filled line by line. The job is cancelled unless finish() is
-/// reached.
-class ReportPage {
+/// One print job, its pages filled line by line. Text keeps off the paper's edges, and yet as many
+/// lines fit on a page as without that. The job is cancelled unless finish() is reached.
+class PrintJob {
   public:
-    ReportPage(Printer& printer, std::string_view jobTitle, Orientation orientation,
-               const PrintFont& font);
-    ~ReportPage();
-    ReportPage(const ReportPage&) = delete;
-    ReportPage& operator=(const ReportPage&) = delete;
+    PrintJob(Printer& printer, const PrintJobSettings& settings, const PrintFont& font);
+    ~PrintJob();
+    PrintJob(const PrintJob&) = delete;
+    PrintJob& operator=(const PrintJob&) = delete;
 
     /// Adds to the line under way, directly behind what it holds.
-    ReportPage& text(std::string_view text);
+    PrintJob& text(std::string_view text);
     /// Adds `text` from `column` (counted from 1) on. Where the line already reaches past that
     /// column, it ends and the text goes to the same column of the next line.
-    ReportPage& at(int column, std::string_view text);
+    PrintJob& at(int column, std::string_view text);
     /// Ends the line under way, which may be empty. A full page goes on at the top of a new one.
     void endLine();
     void line(std::string_view content);
@@ -39,8 +38,7 @@ class ReportPage {
     void finish();
 
   private:
-    /// A run of text from a column on; `left` and `right` are where it stands in the printer's
-    /// units.
+    /// A run of text from a column on; `left` and `right` are where it stands in the text area.
     struct Piece {
         int column = 1;
         std::string text;
@@ -49,18 +47,29 @@ class ReportPage {
     };
     using Line = std::vector<Piece>;
 
+    /// Where text may stand, in the printer's units from the corner of what it can print on.
+    struct TextArea {
+        int left = 0;
+        int top = 0;
+        int width = 0;
+        int height = 0;
+    };
+
+    static TextArea textAreaOf(const Paper& paper);
+    /// How close lines stand for so many of them to fit on a page, within reason.
+    int pitchFor(int lineCount) const;
     int columnLeft(int column) const;
     void layOut(Line& line);
     void placeLine(Line line);
     void narrowToPage(Line& line);
 
     Printer& printer_;
-    PageSize page_;
+    TextArea page_;
     PrintFont font_;
     int characterWidth_ = 0;  // what the font was narrowed to; 0 is its own width
     FontMeasure measure_;
     int linePitch_ = 0;
-    int top_ = 0;
+    int top_ = 0;  // of the next line in the text area
     bool pageIsEmpty_ = true;
     bool fittingPage_ = false;
     bool finished_ = false;

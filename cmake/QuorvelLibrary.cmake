@@ -12,9 +12,10 @@ endif()
 if(WIN32)
     target_compile_definitions(quorvel_options INTERFACE
         UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)
-    target_compile_options(quorvel_options INTERFACE -ffunction-sections -fdata-sections)
-    target_link_options(quorvel_options INTERFACE -static -Wl,--gc-sections
-        -Wl,--no-insert-timestamp)
+    target_compile_options(quorvel_options INTERFACE
+        -ffunction-sections -fdata-sections -fstack-protector-strong)
+    target_link_options(quorvel_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
+        -Wl,--no-insert-timestamp -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()
 
 # quorvel_library(NAME FOLDER DIRECTORY SOURCES a.cpp... DEPENDS core...)

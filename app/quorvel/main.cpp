@@ -12,6 +12,7 @@
 #include "platform/win32/WindowsDialogs.h"
 #include "platform/win32/WindowsFiles.h"
 #include "platform/win32/WindowsShell.h"
+#include "window/StartCheck.h"
 #include "window/frmQRV.h"
 
 #include <commctrl.h>
@@ -42,6 +43,10 @@ int runProgram() {
     const CodePage codePage = systemCodePage();
     WindowsDialogs dialogs(codePage);
     WindowsFiles files;
+    if (const std::string problem = startProblem(folder, files, codePage); !problem.empty()) {
+        dialogs.message({.text = problem, .icon = Icon::Critical});
+        return 1;
+    }
     GdiPrinter printer(codePage);
     GdiCanvas canvas;
     SystemClock clock(codePage);

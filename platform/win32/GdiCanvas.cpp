@@ -3,30 +3,18 @@
 #include <cstddef>
 #include <utility>
 
+#include "window/BitmapFiles.h"
+
 namespace quorvel {
 
 namespace {
-
-constexpr std::array<const wchar_t*, Canvas::glyphCount> glyphFiles{
-    L"0.bmp",  L"1.bmp",  L"2.bmp",  L"3.bmp",  L"4.bmp",  L"5.bmp",  L"6.bmp",
-    L"7.bmp",  L"8.bmp",  L"9.bmp",  L"A.bmp",  L"B.bmp",  L"C.bmp",  L"D.bmp",
-    L"E.bmp",  L"F.bmp",  L"DP.bmp", L"00.bmp", L"11.bmp", L"22.bmp", L"33.bmp",
-    L"44.bmp", L"55.bmp", L"66.bmp", L"77.bmp", L"88.bmp", L"99.bmp", L"_.bmp",
-    L"__.bmp", L"AA.bmp", L"BB.bmp", L"CC.bmp", L"DD.bmp", L"EE.bmp", L"FF.bmp"};
 
 constexpr int gridHeight = 324;
 constexpr int bottomHeight = 42;
 constexpr COLORREF paper = RGB(255, 255, 255);
 
-struct CanvasFiles {
-    const wchar_t* grid;
-    const wchar_t* bottom;
-    int width;
-};
-
-constexpr CanvasFiles filesOf(CanvasSize size) {
-    return size == CanvasSize::Wide ? CanvasFiles{L"Graph.bmp", L"GraphBottom.bmp", 588}
-                                    : CanvasFiles{L"GraphS.bmp", L"GraphBottomS.bmp", 438};
+constexpr int widthOf(CanvasSize size) {
+    return size == CanvasSize::Wide ? 588 : 438;
 }
 
 UniqueBitmap blankBitmap(HDC context, int width, int height) {
@@ -58,9 +46,10 @@ GdiCanvas::Picture& GdiCanvas::Picture::operator=(Picture&& other) noexcept {
 }
 
 void GdiCanvas::load(const std::filesystem::path& programFolder, CanvasSize size) {
-    const CanvasFiles files = filesOf(size);
-    grid_ = Drawing{.picture = Picture(programFolder / files.grid, files.width, gridHeight)};
-    bottom_ = Drawing{.picture = Picture(programFolder / files.bottom, files.width, bottomHeight)};
+    const CanvasFiles files = canvasFiles(size);
+    const int width = widthOf(size);
+    grid_ = Drawing{.picture = Picture(programFolder / files.grid, width, gridHeight)};
+    bottom_ = Drawing{.picture = Picture(programFolder / files.bottom, width, bottomHeight)};
     for (std::size_t glyph = 0; glyph < glyphDCs_.size(); ++glyph)
         glyphDCs_[glyph] = Picture(programFolder / glyphFiles[glyph], glyphWidth, glyphHeight);
 }

@@ -33,17 +33,14 @@ std::optional<Decimal> askForPercentage(CommandContext& context, std::string_vie
 /// The percentages for the grades from A to E, each below the one before; nothing when the user
 /// gave up.
 std::optional<Percentages> askForPercentages(CommandContext& context) {
-    constexpr int belowA = 100;
-    constexpr std::array<int, GradingScale::defaultMinimums.size()> above{5, 4, 3, 2, 1};
-
     Percentages percentages;
-    Decimal below(belowA);
+    Decimal below(GradingScale::highestChosen);
     for (std::size_t grade = 0; grade < percentages.size(); ++grade) {
         const std::string question =
             std::string("What percentage is needed to receive an ") + "ABCDE"[grade] + "?";
         const std::optional<Decimal> percentage = askForPercentage(
             context, question, std::to_string(context.state.gradingScale.minimums[grade]),
-            Decimal(above[grade]), below);
+            Decimal(GradingScale::lowestChosen[grade]), below);
         if (!percentage) return std::nullopt;
         percentages[grade] = below = *percentage;
     }

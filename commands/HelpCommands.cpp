@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "commands/Version.h"
 #include "core/Errors.h"
 #include "core/ProgramName.h"
+#include "core/Version.h"
 
 namespace quorvel {
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "core/Digits.h"
+#include "core/Utf8.h"
 
 namespace quorvel {
 
@@ -11,8 +12,6 @@ namespace {
 
 constexpr char substitute = '?';
 constexpr char32_t asciiEnd = 0x80;
-constexpr char32_t supplementaryStart = 0x10000;
-constexpr char32_t unicodeEnd = 0x110000;
 
 /// The page's bytes 0x80 to 0x9F; all others are their own Unicode characters.
 constexpr std::array<char16_t, 32> windows1252Middle{
@@ -44,42 +43,6 @@ CodePage::UpperCaseTable windows1252UpperCase() {
     table[0x9E] = '\x8E';
     table[0xFF] = '\x9F';
     return table;
-}
-
-void appendUtf8(std::string& text, char32_t character) {
-    const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
-    if (character < asciiEnd) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | (character >> 6));
-        append(0x80 | (character & 0x3F));
-    } else {
-        append(0xE0 | (character >> 12));
-        append(0x80 | ((character >> 6) & 0x3F));
-        append(0x80 | (character & 0x3F));
-    }
-}
-
-/// Reads one character off the front of `text`; nothing, and one byte less, where it is damaged.
-std::optional<char32_t> takeUtf8(std::string_view& text) {
-    const char32_t first = byteOf(text.front());
-    text.remove_prefix(1);
-    if (first < asciiEnd) return first;
-    if (first < 0xC2 || first > 0xF4) return std::nullopt;
-    const std::size_t following = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-    if (text.size() < following) return std::nullopt;
-    char32_t character = first & (0x3Fu >> following);
-    for (std::size_t i = 0; i < following; ++i) {
-        const char32_t byte = byteOf(text[i]);
-        if ((byte & 0xC0) != 0x80) return std::nullopt;
-        character = (character << 6) | (byte & 0x3F);
-    }
-    constexpr std::array<char32_t, 4> smallest{0, asciiEnd, 0x800, supplementaryStart};
-    const bool isSurrogate = character >= 0xD800 && character < 0xE000;
-    if (character < smallest[following] || character >= unicodeEnd || isSurrogate)
-        return std::nullopt;
-    text.remove_prefix(following);
-    return character;
 }
 
 char plainDigit(int value) {

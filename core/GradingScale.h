@@ -16,6 +16,10 @@ inline std::string letterText(LetterGrade grade) {
 /// The percentages that the grades A to E need, and whether thresholds are lowered by a half point.
 struct GradingScale {
     static constexpr std::array<std::int16_t, 5> defaultMinimums{94, 86, 76, 70, 60};
+    /// What percentages that a user chooses lie between, both ends excluded: each grade's own
+    /// lowest one and, for an A, this highest one; for the others, the grade before.
+    static constexpr std::array<std::int16_t, 5> lowestChosen{5, 4, 3, 2, 1};
+    static constexpr std::int16_t highestChosen = 100;
     static constexpr const char* roundUpOn = "0.5";
     static constexpr const char* roundUpOff = "0";
 

@@ -119,12 +119,15 @@ Outcome tryLetters(const Selection& selection) {
     constexpr std::int64_t around = 15;
     Outcome outcome;
     std::uint64_t number = 0;
-    for (const GradingScale& scale : manyScales())
+    for (const GradingScale& scale : manyScales()) {
+        const LetterThresholds thresholds(scale);
         for (const std::int16_t minimum : scale.minimums)
             for (std::int64_t tenths = minimum * 10 - around; tenths <= minimum * 10 + around;
                  ++tenths)
                 if (number++ % selection.stride == selection.first % selection.stride)
-                    outcome.add(isRightLetter(tenths, scale, scale.letterFor(tenths), outcome));
+                    outcome.add(
+                        isRightLetter(tenths, scale, thresholds.letterFor(tenths), outcome));
+    }
     return outcome;
 }
 

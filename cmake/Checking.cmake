@@ -2,8 +2,8 @@
 # it includes or the checks.
 set(QUORVEL_CHECKS ${CMAKE_SOURCE_DIR}/.clang-tidy CACHE FILEPATH "The checks that clang-tidy makes")
 
-# Where the compiler is clang, clang-tidy stands in its place, with all of clang's warnings, and
-# leaves an empty object where there was nothing to say.
+# Where the compiler is clang, clang-tidy stands in its place and leaves an empty object where there
+# was nothing to say.
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
     find_program(QUORVEL_CLANG_TIDY clang-tidy REQUIRED)
     # In a form that clang-tidy passes on; of all others it thinks that they are not for it.

@@ -3,6 +3,7 @@
 
 readonly headless_packages=(cmake g++ libgtest-dev ninja-build python3)
 readonly style_packages=(clang-format clang-tidy shellcheck)
+readonly coverage_packages=(gcovr)
 readonly windows_packages=(g++-mingw-w64-x86-64-posix)
 readonly packaging_packages=(nsis unzip zip)
 readonly wine_packages=(fonts-liberation fonts-wine wine wine64 xvfb)

@@ -2,7 +2,7 @@
 # What Debian 12 lacks for building and testing, and how it gets here. Sourced.
 
 readonly headless_packages=(cmake g++ libgtest-dev ninja-build python3)
-readonly style_packages=(clang-format clang-tidy shellcheck)
+readonly style_packages=(clang clang-format clang-tidy shellcheck)
 readonly coverage_packages=(gcovr)
 readonly windows_packages=(g++-mingw-w64-x86-64-posix)
 readonly packaging_packages=(nsis unzip zip)

@@ -317,7 +317,7 @@ TEST_F(New, ThatGoesBackToTheSheetLeavesEverything) {
                           Icon::Critical, Buttons::YesNo, Answer::Yes);
     mnuNew(program);
     expectStillDirtyAt(aFile);
-    EXPECT_FALSE(reloadForNew);
+    EXPECT_FALSE(state.reloadForNew);
     EXPECT_TRUE(window.calls.empty());
 }
 

@@ -80,6 +80,11 @@ SaveOutcome saveSheet(CommandContext& context) {
     return SaveOutcome::Saved;
 }
 
+bool wantsToSave(CommandContext& context) {
+    return confirm(context, "Do you want to save the grade sheet you are currently working on?",
+                   "Save Current Grade Sheet?");
+}
+
 bool mayDiscardSheet(CommandContext& context) {
     if (!context.state.isDirty) return true;
     if (confirm(context, "Are you sure you want to load a new grade sheet without saving this one?",
@@ -177,17 +182,24 @@ void mnuExit(CommandContext& context) {
 }
 
 bool offerToSave(CommandContext& context) {
-    if (!context.state.isDirty) return true;
-    if (!confirm(context, "Do you want to save the grade sheet you are currently working on?",
-                 "Save Current Grade Sheet?")) {
-        return true;
-    }
+    if (!context.state.isDirty || !wantsToSave(context)) return true;
     if (saveSheet(context) != SaveOutcome::Failed || writeRecoveredSheet(context)) return true;
     return context.ports.dialogs.message({.text =
                                               "The grade sheet could not be saved anywhere.  Do "
                                               "you want to go back to it?",
                                           .icon = Icon::Critical,
                                           .buttons = Buttons::YesNo}) == Answer::No;
+}
+
+void keepBeforeSessionEnds(CommandContext& context) {
+    if (context.state.isDirty) writeRecoveredSheet(context);
+}
+
+void offerToSaveBeforeSessionEnds(CommandContext& context) {
+    if (!context.state.isDirty) return;
+    const auto copy = writeRecoveredSheet(context);
+    const bool settled = !wantsToSave(context) || saveSheet(context) == SaveOutcome::Saved;
+    if (settled && copy) context.ports.files.remove(*copy);
 }
 
 }  // namespace quorvel

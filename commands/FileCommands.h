@@ -17,4 +17,11 @@ void mnuExit(CommandContext& context);
 /// took it and the user goes back to it.
 bool offerToSave(CommandContext& context);
 
+/// Puts an unsaved sheet beside the others as "Recovered.qrv": the session ends and there is no
+/// time to ask.
+void keepBeforeSessionEnds(CommandContext& context);
+/// The same, and then the question of offerToSave: whatever happens while it is open, the sheet is
+/// safe. The copy goes once the sheet was saved or the answer was no.
+void offerToSaveBeforeSessionEnds(CommandContext& context);
+
 }  // namespace quorvel

@@ -3,7 +3,7 @@
 # bench.sh, on an open bench; `root` is the checkout.
 
 # Where the window's client area begins in its frame, and the grid in the client area (pixels).
-readonly frame_left=4 frame_top=42
+readonly frame_left=3 frame_top=41
 readonly grid_left=150 grid_top=14 column_pitch=30 row_pitch=14
 
 # What the program is called while no class is open.
@@ -67,15 +67,19 @@ teacher_open_class() {
     wait_for_window "$1"
 }
 
-# teacher_click TITLE ROW COLUMN: clicks a cell of the grid on screen, counted from 1.
-teacher_click() {
+# teacher_click_at TITLE X Y [BUTTON]: clicks a pixel of the client area, usually with button 1.
+teacher_click_at() {
     local window left top
     window=$(xdotool search --onlyvisible --name "^$1\$" | head -n 1)
     left=$(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left X: *//p')
     top=$(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left Y: *//p')
-    xdotool mousemove \
-        $((left + frame_left + grid_left + column_pitch * ($3 - 1) + column_pitch / 2)) \
-        $((top + frame_top + grid_top + row_pitch * ($2 - 1) + row_pitch / 2)) click 1
+    xdotool mousemove $((left + frame_left + $2)) $((top + frame_top + $3)) click "${4-1}"
+}
+
+# teacher_click TITLE ROW COLUMN: clicks a cell of the grid on screen, counted from 1.
+teacher_click() {
+    teacher_click_at "$1" $((grid_left + column_pitch * ($3 - 1) + column_pitch / 2)) \
+        $((grid_top + row_pitch * ($2 - 1) + row_pitch / 2))
 }
 
 # teacher_type_score TITLE ROW COLUMN SCORE

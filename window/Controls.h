@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "core/ProgramName.h"
+
 namespace quorvel {
 
 /// Red, green and blue in the order of the notation: 0xC0C0C0 is light grey.
@@ -12,14 +14,15 @@ using Colour = std::uint32_t;
 
 inline constexpr Colour headingGrey = 0xC0C0C0;
 inline constexpr Colour headingRed = 0xFF0000;
-inline constexpr Colour paperWhite = 0xFFFFFF;
-/// The window itself, around its controls.
-inline constexpr Colour windowGrey = 0xF0F0F0;
+
+/// What a label stands on. Headings have colours of their own where the system's colours do not
+/// have to be kept to; paper and window have the system's.
+enum class Ground { Heading, ChangedHeading, Paper, Window };
 
 /// A text beside the grid. What its platform control shows is brought up to date after every event.
 struct Label {
     std::string caption;
-    Colour background = headingGrey;
+    Ground ground = Ground::Heading;
 
     bool operator==(const Label&) const = default;
 };
@@ -65,6 +68,29 @@ class ScrollBar {
     int maximum_ = 0;
     int position_ = 0;
     std::function<void()> changed_;
+};
+
+/// The controls of the main window as the program left them. The platform shows them; it changes
+/// them only through frmQRV's event handlers.
+struct Controls {
+    std::string caption = programName;
+    Label lblStudent{"Student Name"};
+    Label lblSN{"#"};
+    TextBox txtS;
+    TextBox txtSN;
+    Label lblAN{"1 2 3 4 5", Ground::Paper};
+    Label lblA1{"#"};
+    Label lblA2{"Assignment Name"};
+    TextBox txtA;
+    Label lblAV{"Value"};
+    TextBox txtAV;
+    Label lblClassAvg{"Class Average:", Ground::Window};
+    Label lblAvgScore{"Average Score:", Ground::Window};
+    Label Label1{"Average Percent:", Ground::Window};
+    CellEditor txtEnter;
+    ScrollBar hsbA;
+    ScrollBar vsbA;
+    ScrollBar vsbS;
 };
 
 }  // namespace quorvel

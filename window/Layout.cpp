@@ -1,5 +1,7 @@
 #include "window/Layout.h"
 
+#include <algorithm>
+
 namespace quorvel {
 
 namespace {
@@ -23,6 +25,7 @@ constexpr int listHeadingHeight = 17;
 constexpr int listNumberWidth = 40;
 constexpr int listNameWidth = 283;
 constexpr int listValueWidth = 50;
+constexpr int fewestListLines = 3;
 
 void placeRoster(Layout& layout) {
     constexpr int height = visibleRows * rowPitch;
@@ -57,14 +60,20 @@ void placeAssignmentList(Layout& layout, int linesHeight) {
     layout.txtAV = {valueLeft, linesTop, listValueWidth, linesHeight};
 }
 
-Layout smallLayout() {
+/// As many lines of the assignment list as fit.
+int fittingLines(int wanted, int lineHeight, int clientHeight) {
+    const int room = clientHeight - listTop - listHeadingHeight;
+    return std::clamp(room / lineHeight, fewestListLines, wanted);
+}
+
+Layout smallLayout(int clientHeight) {
     constexpr int canvasWidth = 438;
     Layout layout;
     layout.small = true;
     layout.visibleColumns = 10;
-    layout.listLines = 5;
     // Five lines in what is left under the bottom canvas need a slightly smaller letter.
     layout.listTextHeight = 12;
+    layout.listLines = fittingLines(5, layout.listTextHeight, clientHeight);
     placeRoster(layout);
     placeCanvases(layout, canvasWidth);
     placeAssignmentList(layout, layout.listLines * layout.listTextHeight);
@@ -75,29 +84,30 @@ Layout smallLayout() {
     return layout;
 }
 
-Layout wideLayout() {
+Layout wideLayout(int clientHeight) {
     constexpr int canvasWidth = 588;
-    constexpr int listLinesHeight = 144;
+    constexpr int spaceBelowLines = 4;
     Layout layout;
     layout.extraColumns = 5;
     layout.rightColumnsShift = columnPitch * layout.extraColumns;
     layout.visibleColumns = 10 + layout.extraColumns;
-    layout.listLines = 5 + layout.extraColumns;
     layout.listTextHeight = rowPitch;
+    layout.listLines = fittingLines(5 + layout.extraColumns, layout.listTextHeight,
+                                    clientHeight - spaceBelowLines);
     placeRoster(layout);
     placeCanvases(layout, canvasWidth);
-    placeAssignmentList(layout, listLinesHeight);
+    placeAssignmentList(layout, layout.listLines * layout.listTextHeight + spaceBelowLines);
     layout.clientWidth = canvasLeft + canvasWidth + 2;
     layout.clientHeight = layout.vsbA.top + layout.vsbA.height;
     layout.windowWidth = wideWindowWidth;
-    layout.windowHeight = wideWindowHeight;
+    layout.windowHeight = std::min(wideWindowHeight, clientHeight);
     return layout;
 }
 
 }  // namespace
 
-Layout layoutFor(ScreenSize screen) {
-    return screen == smallScreen ? smallLayout() : wideLayout();
+Layout layoutFor(ScreenSize screen, int clientHeight) {
+    return screen == smallScreen ? smallLayout(clientHeight) : wideLayout(clientHeight);
 }
 
 }  // namespace quorvel

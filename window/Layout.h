@@ -1,5 +1,7 @@
 #pragma once
 
+#include <climits>
+
 #include "core/ports/Shell.h"
 #include "window/CanvasPlaces.h"
 
@@ -37,6 +39,8 @@ struct Layout {
 
 inline constexpr int visibleRows = 20;
 
-Layout layoutFor(ScreenSize screen);
+/// Where the window's client area can have no more than `clientHeight`, the assignment list gives
+/// up lines, down to three.
+Layout layoutFor(ScreenSize screen, int clientHeight = INT_MAX);
 
 }  // namespace quorvel

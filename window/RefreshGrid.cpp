@@ -18,7 +18,8 @@ constexpr std::string_view rankHeading = "SR";
 
 /// A heading over what its column usually shows, or over the other.
 Label headingLabel(bool usual, std::string_view usualCaption, std::string_view otherCaption) {
-    return {std::string(usual ? usualCaption : otherCaption), usual ? headingGrey : headingRed};
+    return {std::string(usual ? usualCaption : otherCaption),
+            usual ? Ground::Heading : Ground::ChangedHeading};
 }
 
 /// A range that has `count` entries, `shown` of them at a time: its last position shows the last

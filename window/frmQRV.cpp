@@ -8,6 +8,7 @@
 #include "commands/RecentFiles.h"
 #include "storage/Settings.h"
 #include "window/Menu.h"
+#include "window/Scrolling.h"
 
 namespace quorvel {
 
@@ -32,7 +33,7 @@ void frmQRV::Form_Load() {
     controls_ = Controls{};
     resetHeadings();
     state_.currentAssignment = state_.currentStudent = 0;
-    layout_ = layoutFor(ports_.shell.screenSize());
+    layout_ = layoutFor(ports_.shell.screenSize(), ports_.shell.largestClientArea().height);
     bindScrollBars();
 
     readSettings(ports_.files, state_);
@@ -72,6 +73,21 @@ void frmQRV::lblSN_Click() {
 void frmQRV::scroll(ScrollBar Controls::*bar, int position) {
     hideEditor();
     (controls_.*bar).moveTo(position);
+}
+
+void frmQRV::Form_MouseWheel(int y, bool sideways, const WheelSetting& setting, int turn) {
+    const auto bar = barUnderWheel(layout_, y, sideways);
+    const int steps = wheel_.stepsOf(turn, setting, pageOf(bar, layout_));
+    if (steps != 0) scroll(bar, (controls_.*bar).position() + steps);
+}
+
+bool frmQRV::Form_KeyDown(int keyCode, bool controlHeld) {
+    if (controls_.txtEnter.visible) return false;
+    const auto wanted = scrollOfKey(keyCode, controlHeld);
+    if (!wanted) return false;
+    scroll(wanted->bar,
+           positionAfter(controls_.*wanted->bar, wanted->distance, pageOf(wanted->bar, layout_)));
+    return true;
 }
 
 void frmQRV::bindScrollBars() {
@@ -116,6 +132,22 @@ bool frmQRV::showsAliases() const {
 void frmQRV::closeBox() {
     hideEditor();
     close();
+}
+
+void frmQRV::sessionMayEnd() {
+    hideEditor();
+    CommandContext program = context();
+    offerToSaveBeforeSessionEnds(program);
+    sheetIsSeenTo_ = true;
+}
+
+void frmQRV::sessionEnds() {
+    if (!sheetIsSeenTo_) {
+        hideEditor();
+        CommandContext program = context();
+        keepBeforeSessionEnds(program);
+    }
+    endProgram();
 }
 
 bool frmQRV::close() {

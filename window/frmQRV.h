@@ -10,31 +10,9 @@
 #include "window/GlyphCanvas.h"
 #include "window/GridView.h"
 #include "window/Layout.h"
+#include "window/Wheel.h"
 
 namespace quorvel {
-
-/// The controls of the main window as the program left them. The platform shows them; it changes
-/// them only through frmQRV's event handlers.
-struct Controls {
-    std::string caption = programName;
-    Label lblStudent{"Student Name"};
-    Label lblSN{"#"};
-    TextBox txtS;
-    TextBox txtSN;
-    Label lblAN{"1 2 3 4 5", paperWhite};
-    Label lblA1{"#"};
-    Label lblA2{"Assignment Name"};
-    TextBox txtA;
-    Label lblAV{"Value"};
-    TextBox txtAV;
-    Label lblClassAvg{"Class Average:", windowGrey};
-    Label lblAvgScore{"Average Score:", windowGrey};
-    Label Label1{"Average Percent:", windowGrey};
-    CellEditor txtEnter;
-    ScrollBar hsbA;
-    ScrollBar vsbA;
-    ScrollBar vsbS;
-};
 
 /// The main window: owner of the one sheet and of all working state. Its event handlers are what a
 /// platform calls when the user acts; after each it shows what controls() and the canvas hold.
@@ -62,6 +40,11 @@ class frmQRV final : public MainWindow {
     void lblSN_Click();
     /// The user used a scroll bar, whether it moves by that or not.
     void scroll(ScrollBar Controls::*bar, int position);
+    /// A mouse wheel was turned at height `y` of the client area: by so many parts of
+    /// WheelTurns::notch, on (down, to the right) or back.
+    void Form_MouseWheel(int y, bool sideways, const WheelSetting& setting, int turn);
+    /// A key, as a virtual key code, while the editor is closed. False when it means nothing here.
+    bool Form_KeyDown(int keyCode, bool controlHeld);
     /// The user changed the editor's text, or selected another part of it.
     void txtEnter_Change(std::string_view text);
     /// The virtual key codes of Enter and Escape.
@@ -69,8 +52,17 @@ class frmQRV final : public MainWindow {
     static constexpr int escapeKey = 27;
     /// A key in the editor, as a virtual key code. Text arrives through txtEnter_Change.
     void txtEnter_KeyDown(int keyCode);
-    /// The window's close box, and the end of the Windows session.
+    /// The window's close box.
     void closeBox();
+
+    /// The session is about to end: sees to an unsaved sheet, also while a dialog is open. The
+    /// window and the sheet stay as they are, since another program may keep the session from
+    /// ending.
+    void sessionMayEnd();
+    /// The session goes on after all.
+    void sessionGoesOn() { sheetIsSeenTo_ = false; }
+    /// The session ends now, and with it the program. Nothing is asked.
+    void sessionEnds();
 
     const Controls& controls() const { return controls_; }
     const Layout& layout() const { return layout_; }
@@ -79,6 +71,10 @@ class frmQRV final : public MainWindow {
     int firstVisibleAssignment() const { return controls_.hsbA.position(); }
     int firstListedAssignment() const { return controls_.vsbA.position(); }
     int firstVisibleStudent() const { return controls_.vsbS.position(); }
+    /// The part of the sheet that the grid shows.
+    GridView view() const {
+        return {sheet_, layout_, firstVisibleStudent(), firstVisibleAssignment()};
+    }
     const GradeSheet& sheet() const { return sheet_; }
     const WorkingState& state() const { return state_; }
 
@@ -108,9 +104,6 @@ class frmQRV final : public MainWindow {
     void vsbS_Change();
 
     // RefreshGrid, step by step.
-    GridView view() const {
-        return {sheet_, layout_, firstVisibleStudent(), firstVisibleAssignment()};
-    }
     void setScrollRanges();
     void showHeadings();
     void showNames();
@@ -130,6 +123,7 @@ class frmQRV final : public MainWindow {
     Controls controls_;
     Layout layout_;
     GlyphCanvas canvas_;
+    WheelTurns wheel_;
 
     /// What the two columns beside the grid show, and their headings say.
     enum class NameColumn { Names, Aliases };
@@ -137,6 +131,7 @@ class frmQRV final : public MainWindow {
     NameColumn nameColumn_ = NameColumn::Names;
     NumberColumn numberColumn_ = NumberColumn::RowNumbers;
 
+    bool sheetIsSeenTo_ = false;  // since the session is about to end
     bool open_ = false;
     bool ended_ = false;
     int openings_ = 0;

@@ -20,6 +20,8 @@ class Shell {
     /// window that takes the focus, and does not wait for it. False when it did not start.
     virtual bool startMaximized(std::string_view program, const std::filesystem::path& file) = 0;
     virtual ScreenSize screenSize() const = 0;
+    /// The client area of the largest window with a menu bar that the screen has room for.
+    virtual ScreenSize largestClientArea() const = 0;
 };
 
 }  // namespace quorvel

@@ -35,6 +35,7 @@ CellEditorBox::CellEditorBox(const CodePage& codePage, Events events)
       background_(::CreateSolidBrush(entryColour)) {}
 
 void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
+    name_ = createControl(parent, {.windowClass = L"STATIC", .style = WS_VISIBLE | SS_NOPREFIX});
     window_ = createControl(parent, {.windowClass = L"EDIT",
                                      .style = ES_AUTOHSCROLL,
                                      .id = id,
@@ -46,9 +47,9 @@ void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
     ::SetWindowSubclass(window_, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }
 
-void CellEditorBox::show(const CellEditor& editor) {
+void CellEditorBox::show(const CellEditor& editor, std::string_view name) {
     if (editor.visible && (!visible_ || editor.openings != openings_)) {
-        open(editor);
+        open(editor, name);
     } else if (!editor.visible && visible_) {
         hide();
     } else if (editor.visible && editor.text != text_) {
@@ -57,13 +58,15 @@ void CellEditorBox::show(const CellEditor& editor) {
     }
 }
 
-void CellEditorBox::open(const CellEditor& editor) {
+void CellEditorBox::open(const CellEditor& editor, std::string_view name) {
     visible_ = true;
     openings_ = editor.openings;
     text_ = editor.text;
     ::SetWindowPos(window_, HWND_TOP, editor.left, editor.top, columnPitch, rowPitch,
                    SWP_NOACTIVATE);
     setWindowText(window_, text_, codePage_);
+    setWindowText(name_, name, codePage_);
+    ::SetWindowPos(name_, HWND_TOP, 0, 0, 0, 0, SWP_NOACTIVATE);
     ::ShowWindow(window_, SW_SHOW);
     ::SetFocus(window_);
     ::SendMessageW(window_, EM_SETSEL, 0, -1);
@@ -76,6 +79,11 @@ void CellEditorBox::hide() {
 }
 
 HBRUSH CellEditorBox::colour(HDC context) const {
+    if (isHighContrast()) {
+        ::SetBkColor(context, ::GetSysColor(COLOR_WINDOW));
+        ::SetTextColor(context, ::GetSysColor(COLOR_WINDOWTEXT));
+        return ::GetSysColorBrush(COLOR_WINDOW);
+    }
     ::SetBkColor(context, entryColour);
     ::SetTextColor(context, entryTextColour);
     return background_.get();

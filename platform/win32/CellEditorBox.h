@@ -22,8 +22,9 @@ class CellEditorBox {
     CellEditorBox& operator=(const CellEditorBox&) = delete;
 
     void create(HWND parent, int id, std::size_t longestText);
-    /// Shows what the program left in the editor. The focus goes to the parent when it is hidden.
-    void show(const CellEditor& editor);
+    /// Shows what the program left in the editor, under a name for those who do not see its place.
+    /// The focus goes to the parent when it is hidden.
+    void show(const CellEditor& editor, std::string_view name);
     HWND window() const { return window_; }
     /// The background of the box, with the colours set for its text.
     HBRUSH colour(HDC context) const;
@@ -37,13 +38,14 @@ class CellEditorBox {
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR id, DWORD_PTR box);
     bool takesKey(WPARAM key) const;
-    void open(const CellEditor& editor);
+    void open(const CellEditor& editor, std::string_view name);
     void hide();
 
     const CodePage& codePage_;
     Events events_;
     UniqueFont font_;
     UniqueBrush background_;
+    HWND name_ = nullptr;  // a text of no size before the box
     HWND window_ = nullptr;
     bool visible_ = false;
     int openings_ = 0;

@@ -9,13 +9,6 @@ namespace {
 /// Marks a dialog that has been centred: from then on it stays where the user moves it.
 constexpr const wchar_t* centredMark = L"Quorvel.centred";
 
-RECT workArea(HWND window) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
-    return monitor.rcWork;
-}
-
 /// Where a length stands in the middle of `outer`, inside `limits`; at their start where it is
 /// longer than they are.
 LONG centred(LONG length, LONG outerStart, LONG outerEnd, LONG limitStart, LONG limitEnd) {
@@ -50,6 +43,13 @@ COLORREF windowsColour(Colour colour) {
     return RGB((colour >> 16) & 0xFF, (colour >> 8) & 0xFF, colour & 0xFF);
 }
 
+bool isHighContrast() {
+    HIGHCONTRASTW setting{};
+    setting.cbSize = sizeof setting;
+    return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof setting, &setting, 0) != 0 &&
+           (setting.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 void moveControl(HWND control, const Rectangle& place) {
     ::SetWindowPos(control, nullptr, place.left, place.top, place.width, place.height,
                    SWP_NOZORDER | SWP_NOACTIVATE);
@@ -60,6 +60,21 @@ UniqueFont messageFont() {
     metrics.cbSize = sizeof metrics;
     ::SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
     return UniqueFont(::CreateFontIndirectW(&metrics.lfMessageFont));
+}
+
+DialogFont measureFont(HWND window, HFONT font) {
+    const WindowDC context(window);
+    const SelectedObject selection(context.get(), font);
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(context.get(), &metrics);
+    return {static_cast<int>(metrics.tmAveCharWidth), static_cast<int>(metrics.tmHeight)};
+}
+
+RECT workArea(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    ::GetMonitorInfoW(::MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    return monitor.rcWork;
 }
 
 UniqueFont cellFont(int lineHeight, int width) {

@@ -6,6 +6,9 @@
 #include "platform/win32/ControlIds.h"
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/Texts.h"
+#include "window/Scrolling.h"
+
+#include <commctrl.h>
 
 namespace quorvel {
 
@@ -44,15 +47,16 @@ constexpr std::array labelPlans{
 
 struct TextPlan {
     int id;
+    int heading;  // the label that names it
     TextBox Controls::*box;
     Rectangle Layout::*place;
 };
 
 constexpr std::array textPlans{
-    TextPlan{control_id::txtSN, &Controls::txtSN, &Layout::txtSN},
-    TextPlan{control_id::txtS, &Controls::txtS, &Layout::txtS},
-    TextPlan{control_id::txtA, &Controls::txtA, &Layout::txtA},
-    TextPlan{control_id::txtAV, &Controls::txtAV, &Layout::txtAV},
+    TextPlan{control_id::txtSN, control_id::lblSN, &Controls::txtSN, &Layout::txtSN},
+    TextPlan{control_id::txtS, control_id::lblStudent, &Controls::txtS, &Layout::txtS},
+    TextPlan{control_id::txtA, control_id::lblA2, &Controls::txtA, &Layout::txtA},
+    TextPlan{control_id::txtAV, control_id::lblAV, &Controls::txtAV, &Layout::txtAV},
 };
 
 struct BarPlan {
@@ -83,16 +87,20 @@ UniqueFont createLabelFont() {
                                     DEFAULT_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
 }
 
-/// The number of steps that a bar's thumb stands for.
-int pageOf(int id, const Layout& layout) {
-    switch (id) {
-        case control_id::hsbA:
-            return layout.visibleColumns;
-        case control_id::vsbA:
-            return layout.listLines;
-        default:
-            return visibleRows;
-    }
+/// Puts text on a system colour.
+HBRUSH systemGround(HDC context, int ground, int text) {
+    ::SetBkColor(context, ::GetSysColor(ground));
+    ::SetTextColor(context, ::GetSysColor(text));
+    return ::GetSysColorBrush(ground);
+}
+
+/// A click on the names goes to the window below them, like one on a label: a box whose text can be
+/// selected can also be pulled out of its place beside the rows.
+LRESULT CALLBACK textBoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                  UINT_PTR id, DWORD_PTR) {
+    if (message == WM_NCHITTEST) return HTTRANSPARENT;
+    if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, textBoxProcedure, id);
+    return ::DefSubclassProc(window, message, wParam, lParam);
 }
 
 /// Without the inner border of an edit control: line k stands k line heights below the top.
@@ -104,21 +112,30 @@ void fillWithText(HWND edit, const Rectangle& place, int margin) {
 
 }  // namespace
 
+FormControls::FormControls(const CodePage& codePage)
+    : codePage_(codePage),
+      headingBrush_(::CreateSolidBrush(windowsColour(headingGrey))),
+      changedHeadingBrush_(::CreateSolidBrush(windowsColour(headingRed))) {}
+
 void FormControls::create(HWND parent) {
     for (const LabelPlan& plan : labelPlans)
         labels_.push_back({createControl(parent, {.windowClass = L"STATIC",
                                                   .style = WS_VISIBLE | plan.style,
                                                   .id = plan.id}),
                            plan.label,
-                           {},
-                           nullptr});
-    for (const TextPlan& plan : textPlans)
+                           {}});
+    for (const TextPlan& plan : textPlans) {
         texts_.push_back({createControl(parent, {.windowClass = L"EDIT",
                                                  .style = WS_VISIBLE | ES_MULTILINE | ES_READONLY |
                                                           ES_AUTOHSCROLL,
                                                  .id = plan.id}),
                           plan.box,
                           {}});
+        ::SetWindowSubclass(texts_.back().control, textBoxProcedure, 1, 0);
+        // A screen reader takes the label before a box for its name.
+        ::SetWindowPos(texts_.back().control, ::GetDlgItem(parent, plan.heading), 0, 0, 0, 0,
+                       SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+    }
     for (const BarPlan& plan : barPlans)
         bars_.push_back({createControl(parent, {.windowClass = L"SCROLLBAR",
                                                 .style = WS_VISIBLE | plan.style,
@@ -150,7 +167,7 @@ void FormControls::place(const Layout& layout) {
     }
     for (std::size_t i = 0; i < barPlans.size(); ++i) {
         moveControl(bars_[i].control, layout.*barPlans[i].place);
-        bars_[i].page = pageOf(barPlans[i].id, layout);
+        bars_[i].page = pageOf(barPlans[i].bar, layout);
         bars_[i].maximum = -1;
     }
 }
@@ -182,11 +199,7 @@ void FormControls::show(const Controls& controls) {
 }
 
 void FormControls::showLabel(LabelControl& target, const Label& label) {
-    const bool newBackground = !target.background || label.background != target.shown.background;
-    if (newBackground) {
-        target.background.reset(::CreateSolidBrush(windowsColour(label.background)));
-        ::InvalidateRect(target.control, nullptr, TRUE);
-    }
+    if (label.ground != target.shown.ground) ::InvalidateRect(target.control, nullptr, TRUE);
     if (label.caption != target.shown.caption)
         setWindowText(target.control, label.caption, codePage_);
     target.shown = label;
@@ -239,16 +252,19 @@ int FormControls::positionWanted(HWND control, WPARAM scrollMessage) const {
     }
 }
 
-HBRUSH FormControls::colour(HDC context, HWND control) {
+HBRUSH FormControls::colour(HDC context, HWND control) const {
     const auto label = std::ranges::find(labels_, control, &LabelControl::control);
-    if (label == labels_.end()) {
-        ::SetBkColor(context, ::GetSysColor(COLOR_WINDOW));
-        ::SetTextColor(context, ::GetSysColor(COLOR_WINDOWTEXT));
-        return ::GetSysColorBrush(COLOR_WINDOW);
-    }
-    ::SetBkColor(context, windowsColour(label->shown.background));
-    ::SetTextColor(context, textColourOn(label->shown.background));
-    return label->background.get();
+    const Ground ground = label == labels_.end() ? Ground::Paper : label->shown.ground;
+    if (ground == Ground::Paper) return systemGround(context, COLOR_WINDOW, COLOR_WINDOWTEXT);
+    if (ground == Ground::Window) return systemGround(context, COLOR_BTNFACE, COLOR_BTNTEXT);
+    const bool isChanged = ground == Ground::ChangedHeading;
+    if (isHighContrast())
+        return isChanged ? systemGround(context, COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT)
+                         : systemGround(context, COLOR_BTNFACE, COLOR_BTNTEXT);
+    const Colour colour = isChanged ? headingRed : headingGrey;
+    ::SetBkColor(context, windowsColour(colour));
+    ::SetTextColor(context, textColourOn(colour));
+    return isChanged ? changedHeadingBrush_.get() : headingBrush_.get();
 }
 
 }  // namespace quorvel

@@ -13,7 +13,7 @@ namespace quorvel {
 class FormControls {
   public:
     /// `codePage` must outlive the controls.
-    explicit FormControls(const CodePage& codePage) : codePage_(codePage) {}
+    explicit FormControls(const CodePage& codePage);
 
     /// Makes the controls, without a place yet.
     void create(HWND parent);
@@ -27,14 +27,13 @@ class FormControls {
     int positionWanted(HWND control, WPARAM scrollMessage) const;
 
     /// The background of a label or text box, with the colours set for its text.
-    HBRUSH colour(HDC context, HWND control);
+    HBRUSH colour(HDC context, HWND control) const;
 
   private:
     struct LabelControl {
         HWND control;
         Label Controls::*label;
         Label shown;
-        UniqueBrush background;
     };
     struct TextControl {
         HWND control;
@@ -55,6 +54,8 @@ class FormControls {
     HFONT fontOf(int id) const;
 
     const CodePage& codePage_;
+    UniqueBrush headingBrush_;
+    UniqueBrush changedHeadingBrush_;
     UniqueFont labelFont_;
     UniqueFont rowFont_;
     UniqueFont rowNumberFont_;

@@ -18,11 +18,6 @@ namespace quorvel {
 
 namespace {
 
-/// Thick frame for the looks; its edges cannot be dragged.
-constexpr DWORD windowStyle =
-    WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
-constexpr int studentsPerWheelNotch = 3;
-
 RECT rectOf(const Rectangle& place) {
     return {place.left, place.top, place.left + place.width, place.top + place.height};
 }
@@ -45,9 +40,36 @@ void registerWindowClass(WNDPROC procedure) {
     ::RegisterClassExW(&windowClass);
 }
 
-bool isEdge(LRESULT hit) {
-    return hit >= HTSIZEFIRST && hit <= HTSIZELAST;
+bool isMouseDown(UINT message) {
+    return message == WM_LBUTTONDOWN || message == WM_MBUTTONDOWN || message == WM_RBUTTONDOWN ||
+           message == WM_XBUTTONDOWN;
 }
+
+bool isWheel(UINT message) {
+    return message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL;
+}
+
+WheelSetting wheelSetting(bool sideways) {
+    UINT lines = 0;
+    ::SystemParametersInfoW(sideways ? SPI_GETWHEELSCROLLCHARS : SPI_GETWHEELSCROLLLINES, 0, &lines,
+                            0);
+    if (lines == WHEEL_PAGESCROLL) return {.lines = 0, .wholePages = true};
+    return {.lines = static_cast<int>(lines)};
+}
+
+/// Tells the user, while it lives, why Windows waits with the end of the session.
+class ShutdownBlock {
+  public:
+    explicit ShutdownBlock(HWND window) : window_(window) {
+        ::ShutdownBlockReasonCreate(window_, L"The grade sheet has not been saved.");
+    }
+    ShutdownBlock(const ShutdownBlock&) = delete;
+    ShutdownBlock& operator=(const ShutdownBlock&) = delete;
+    ~ShutdownBlock() { ::ShutdownBlockReasonDestroy(window_); }
+
+  private:
+    HWND window_;
+};
 
 }  // namespace
 
@@ -63,12 +85,12 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
                .tabKey = [this] { act([this] { form_.hideEditor(); }); }}),
       accelerators_(createAccelerators()) {
     registerWindowClass(procedure);
-    if (::CreateWindowExW(0, control_id::mainWindowClass, L"", windowStyle, CW_USEDEFAULT, 0, 0, 0,
-                          nullptr, nullptr, ::GetModuleHandleW(nullptr), this) == nullptr)
+    if (::CreateWindowExW(0, control_id::mainWindowClass, L"", mainWindowStyle, CW_USEDEFAULT, 0, 0,
+                          0, nullptr, nullptr, ::GetModuleHandleW(nullptr), this) == nullptr)
         throw Error("The window could not be opened.");
-    ::DeleteMenu(::GetSystemMenu(window_, FALSE), SC_SIZE, MF_BYCOMMAND);
     controls_.create(window_);
     editor_.create(window_, control_id::txtEnter, frmQRV::longestEntry);
+    accessible_.reset(new GridAccessible(window_, form_, codePage_));
     showMenuBar();
     dialogs_.setOwner(window_, [this] { present(); });
     present();
@@ -76,16 +98,30 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
 
 FormWindow::~FormWindow() {
     dialogs_.setOwner(nullptr, {});
+    accessible_->disconnect();
     if (window_ != nullptr) ::DestroyWindow(window_);
 }
 
 bool FormWindow::translate(MSG& message) {
-    if (message.message == WM_MOUSEWHEEL &&
-        (message.hwnd == window_ || ::IsChild(window_, message.hwnd))) {
-        turnWheel(GET_WHEEL_DELTA_WPARAM(message.wParam));
+    const bool isChild = ::IsChild(window_, message.hwnd) != 0;
+    // Whatever a click does to a control, it ends an entry first; the window itself sees to that.
+    if (isMouseDown(message.message) && isChild && message.hwnd != editor_.window())
+        act([this] { form_.hideEditor(); });
+    if (isWheel(message.message) && isChild) {
+        turnWheel(message.message, message.wParam, message.lParam);
         return true;
     }
-    return ::TranslateAcceleratorW(window_, accelerators_.get(), &message) != 0;
+    return takesKey(message) ||
+           ::TranslateAcceleratorW(window_, accelerators_.get(), &message) != 0;
+}
+
+bool FormWindow::takesKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || form_.controls().txtEnter.visible) return false;
+    bool taken = false;
+    act([&] {
+        taken = form_.Form_KeyDown(static_cast<int>(message.wParam), ::GetKeyState(VK_CONTROL) < 0);
+    });
+    return taken;
 }
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -108,14 +144,16 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDOWN:
         case WM_MBUTTONDOWN:
         case WM_RBUTTONDOWN:
+        case WM_XBUTTONDOWN:
             mouseDown(lParam);
-            return 0;
+            return message == WM_XBUTTONDOWN ? TRUE : 0;
         case WM_HSCROLL:
         case WM_VSCROLL:
             scroll(reinterpret_cast<HWND>(lParam), wParam);
             return 0;
         case WM_MOUSEWHEEL:
-            turnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+        case WM_MOUSEHWHEEL:
+            turnWheel(message, wParam, lParam);
             return 0;
         case WM_PAINT:
             paint();
@@ -132,19 +170,24 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             act([this] { form_.closeBox(); });
             return 0;
         case WM_QUERYENDSESSION:
-            if (!form_.hasEnded()) actAnyTime([this] { form_.closeBox(); });
+            querySessionEnd(lParam);
             return TRUE;
         case WM_ENDSESSION:
             endSession(wParam != FALSE);
             return 0;
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT && accessible_)
+                return ::LresultFromObject(IID_IAccessible, wParam, accessible_.get());
+            return ::DefWindowProcW(window_, message, wParam, lParam);
         case WM_DESTROY:
             window_ = nullptr;
             ::PostQuitMessage(0);
             return 0;
-        case WM_NCHITTEST: {
-            const LRESULT hit = ::DefWindowProcW(window_, message, wParam, lParam);
-            return isEdge(hit) ? HTBORDER : hit;
-        }
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE:
+            followSystemColours(message, wParam, lParam);
+            return 0;
         default:
             return ::DefWindowProcW(window_, message, wParam, lParam);
     }
@@ -157,7 +200,10 @@ void FormWindow::handleCommand(WPARAM wParam, LPARAM lParam) {
     }
     const int item = LOWORD(wParam) - control_id::firstMenuCommand;
     if (item < 0 || item >= static_cast<int>(menuItems().size())) return;
-    act([this, item] { form_.chooseMenu(item); });
+    act([this, item] {
+        const WaitCursor wait;
+        form_.chooseMenu(item);
+    });
 }
 
 void FormWindow::handleNotification(int control, int code) {
@@ -179,12 +225,14 @@ void FormWindow::scroll(HWND bar, WPARAM scrollMessage) {
     act([&] { form_.scroll(member, position); });
 }
 
-void FormWindow::turnWheel(int delta) {
-    wheelRest_ -= delta * studentsPerWheelNotch;
-    const int students = wheelRest_ / WHEEL_DELTA;
-    wheelRest_ %= WHEEL_DELTA;
-    if (students == 0) return;
-    act([&] { form_.scroll(&Controls::vsbS, form_.controls().vsbS.position() + students); });
+void FormWindow::turnWheel(UINT message, WPARAM wParam, LPARAM lParam) {
+    POINT place{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    ::ScreenToClient(window_, &place);
+    const bool horizontal = message == WM_MOUSEHWHEEL;
+    const bool sideways = horizontal || (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) != 0;
+    // An upright wheel counts turns away from the user, which go back.
+    const int turn = GET_WHEEL_DELTA_WPARAM(wParam) * (horizontal ? 1 : -1);
+    act([&] { form_.Form_MouseWheel(place.y, sideways, wheelSetting(horizontal), turn); });
 }
 
 void FormWindow::mouseDown(LPARAM position) {
@@ -192,9 +240,29 @@ void FormWindow::mouseDown(LPARAM position) {
     if (window_ != nullptr && ::GetFocus() != editor_.window()) ::SetFocus(window_);
 }
 
+void FormWindow::querySessionEnd(LPARAM reason) {
+    // When time has run out nothing can be asked any more; what can be done is done at the end.
+    if (form_.hasEnded() || (reason & ENDSESSION_CRITICAL) != 0) return;
+    const ShutdownBlock block(window_);
+    actAnyTime([this] { form_.sessionMayEnd(); });
+}
+
 void FormWindow::endSession(bool ending) {
+    if (form_.hasEnded()) return;
+    if (!ending) return form_.sessionGoesOn();
+    const bool dialogIsOpen = actions_ > 0;
+    actAnyTime([this] { form_.sessionEnds(); });
     // With a dialog still open there is no way back through the loop that waits for it.
-    if (ending && form_.hasEnded()) ::ExitProcess(0);
+    if (dialogIsOpen) ::ExitProcess(0);
+}
+
+void FormWindow::followSystemColours(UINT message, WPARAM wParam, LPARAM lParam) {
+    // Controls hear of new colours through their parent only.
+    for (HWND child = ::GetWindow(window_, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT))
+        ::SendMessageW(child, message, wParam, lParam);
+    ::RedrawWindow(window_, nullptr, nullptr,
+                   RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void FormWindow::act(const std::function<void()>& event) {
@@ -224,18 +292,17 @@ void FormWindow::present() {
     }
     if (form_.state().mnuPFile != shownRecentFiles_) showMenuBar();
     controls_.show(controls);
-    editor_.show(controls.txtEnter);
+    editor_.show(controls.txtEnter, editorName(form_));
     invalidateCanvas(Surface::Grid, form_.layout().gridCanvas);
     invalidateCanvas(Surface::Bottom, form_.layout().bottomCanvas);
     if (openedAnew) ::ShowWindow(window_, SW_SHOW);
     ::UpdateWindow(window_);
 }
 
-/// Hides the window and gives it the places of a window that was opened anew.
+/// Gives the window the places of one that was opened anew. It stays where it is, and in front.
 void FormWindow::reopen() {
     const bool firstTime = openings_ == 0;
     openings_ = form_.openings();
-    ::ShowWindow(window_, SW_HIDE);
     controls_.place(form_.layout());
     fitToLayout();
     if (firstTime) centreOnOwner(window_);
@@ -276,6 +343,8 @@ void FormWindow::invalidateCanvas(Surface surface, const Rectangle& place) {
     ::OffsetRect(&area, place.left, place.top);
     const RECT shown = rectOf(place);
     if (::IntersectRect(&area, &area, &shown) != 0) ::InvalidateRect(window_, &area, FALSE);
+    // A screen reader then asks anew.
+    ::NotifyWinEvent(EVENT_OBJECT_REORDER, window_, OBJID_CLIENT, CHILDID_SELF);
 }
 
 void FormWindow::paint() {
@@ -300,8 +369,7 @@ void FormWindow::eraseBackground(HDC context) const {
     for (const Rectangle& place : {form_.layout().gridCanvas, form_.layout().bottomCanvas})
         ::ExcludeClipRect(context, place.left, place.top, place.left + place.width,
                           place.top + place.height);
-    const UniqueBrush brush(::CreateSolidBrush(windowsColour(windowGrey)));
-    ::FillRect(context, &client, brush.get());
+    ::FillRect(context, &client, ::GetSysColorBrush(COLOR_BTNFACE));
     ::RestoreDC(context, saved);
 }
 

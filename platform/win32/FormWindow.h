@@ -7,6 +7,7 @@
 #include "platform/win32/CellEditorBox.h"
 #include "platform/win32/FormControls.h"
 #include "platform/win32/GdiCanvas.h"
+#include "platform/win32/GridAccessible.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/WindowsDialogs.h"
 #include "window/frmQRV.h"
@@ -22,8 +23,8 @@ class FormWindow {
     FormWindow& operator=(const FormWindow&) = delete;
     ~FormWindow();
 
-    /// Takes the messages that belong to no single control: menu keys and the mouse wheel. True
-    /// when the message is done with.
+    /// Takes the messages that belong to no single control: menu keys, keys that scroll, the mouse
+    /// wheel. True when the message is done with.
     bool translate(MSG& message);
 
   private:
@@ -32,9 +33,12 @@ class FormWindow {
     void handleCommand(WPARAM wParam, LPARAM lParam);
     void handleNotification(int control, int code);
     void scroll(HWND bar, WPARAM scrollMessage);
-    void turnWheel(int delta);
+    bool takesKey(const MSG& message);
+    void turnWheel(UINT message, WPARAM wParam, LPARAM lParam);
     void mouseDown(LPARAM position);
+    void querySessionEnd(LPARAM reason);
     void endSession(bool ending);
+    void followSystemColours(UINT message, WPARAM wParam, LPARAM lParam);
 
     /// Lets the form handle something that the user did, unless a dialog is open, and shows the
     /// outcome.
@@ -59,9 +63,9 @@ class FormWindow {
     FormControls controls_;
     CellEditorBox editor_;
     UniqueAcceleratorTable accelerators_;
+    UniqueInterface<GridAccessible> accessible_;
     int openings_ = 0;
     int actions_ = 0;  // under way, one inside the other
-    int wheelRest_ = 0;
     std::string shownCaption_;
     std::array<MenuEntry, recentFileCount> shownRecentFiles_;
 };

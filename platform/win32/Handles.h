@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <windows.h>
+#include <objbase.h>
 
 namespace quorvel {
 
@@ -22,6 +23,12 @@ struct MenuBar {
 struct AcceleratorTable {
     void operator()(HACCEL table) const { ::DestroyAcceleratorTable(table); }
 };
+struct Interface {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+struct TaskMemory {
+    void operator()(void* memory) const { ::CoTaskMemFree(memory); }
+};
 struct Kernel {
     void operator()(void* handle) const { ::CloseHandle(handle); }
 };
@@ -37,6 +44,10 @@ using UniqueDC = std::unique_ptr<std::remove_pointer_t<HDC>, handle_release::Dev
 using UniqueMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, handle_release::MenuBar>;
 using UniqueAcceleratorTable =
     std::unique_ptr<std::remove_pointer_t<HACCEL>, handle_release::AcceleratorTable>;
+/// A reference to an object of Windows' own.
+template <typename Kind>
+using UniqueInterface = std::unique_ptr<Kind, handle_release::Interface>;
+using UniqueTaskText = std::unique_ptr<wchar_t, handle_release::TaskMemory>;
 using UniqueHandle = std::unique_ptr<void, handle_release::Kernel>;
 
 /// An object selected into a device context; the one before it comes back at the end.
@@ -75,6 +86,22 @@ class WindowDC {
   private:
     HWND window_;
     HDC context_;
+};
+
+/// While it lives, this thread can use Windows' own objects.
+class ObjectApartment {
+  public:
+    ObjectApartment()
+        : entered_(SUCCEEDED(
+              ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
+    ObjectApartment(const ObjectApartment&) = delete;
+    ObjectApartment& operator=(const ObjectApartment&) = delete;
+    ~ObjectApartment() {
+        if (entered_) ::CoUninitialize();
+    }
+
+  private:
+    bool entered_;
 };
 
 }  // namespace quorvel

@@ -46,6 +46,10 @@ INT_PTR handle(Running& running, HWND window, UINT message, WPARAM wParam) {
                 ::SetForegroundWindow(window);
             }
             return TRUE;  // the focus goes to the first control that takes it
+        case WM_CLOSE:
+            // The close box. Escape, which Windows takes for it, comes as a choice.
+            ::EndDialog(window, IDOK);
+            return TRUE;
         case WM_COMMAND:
             // Controls that only report a change are no choice.
             if (HIWORD(wParam) != BN_CLICKED) return FALSE;

@@ -10,7 +10,8 @@ namespace quorvel {
 struct ModalDialog {
     /// Makes the controls of the empty dialog and sizes it. The first one that can takes the focus.
     std::function<void(HWND dialog)> create;
-    /// A control was chosen, IDCANCEL for Escape and the close box. True closes the dialog.
+    /// A control was chosen, IDCANCEL for Escape. True closes the dialog; its close box does
+    /// without asking.
     std::function<bool(HWND dialog, int id)> choose;
 };
 

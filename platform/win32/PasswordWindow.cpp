@@ -4,38 +4,32 @@
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/ModalDialog.h"
 #include "platform/win32/Texts.h"
+#include "window/DialogLayout.h"
 
 namespace quorvel {
 
 namespace {
 
-// All in pixels.
-constexpr int margin = 14;
-constexpr int entryWidth = 220;
-constexpr int lineHeight = 24;
-constexpr int buttonWidth = 76;
-constexpr int spaceBeforeButton = 8;
-
 constexpr wchar_t mask = L'*';
 
 void createPasswordWindow(HWND dialog, HFONT font, std::string_view caption,
                           const CodePage& codePage) {
+    const PasswordLayout layout = passwordLayout(measureFont(dialog, font));
     const HWND entry =
         createControl(dialog, {.windowClass = L"EDIT",
                                .style = WS_VISIBLE | WS_TABSTOP | ES_AUTOHSCROLL | ES_PASSWORD,
                                .extendedStyle = WS_EX_CLIENTEDGE,
                                .id = control_id::txtPW,
-                               .place = {margin, margin, entryWidth, lineHeight},
+                               .place = layout.entry,
                                .font = font});
-    const int buttonLeft = margin + entryWidth + spaceBeforeButton;
     createControl(dialog, {.windowClass = L"BUTTON",
                            .text = L"Submit",
                            .style = WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON,
                            .id = control_id::cmdPW,
-                           .place = {buttonLeft, margin, buttonWidth, lineHeight},
+                           .place = layout.submitButton,
                            .font = font});
     setWindowText(dialog, caption, codePage);
-    setClientSize(dialog, buttonLeft + buttonWidth + margin, margin + lineHeight + margin);
+    setClientSize(dialog, layout.width, layout.height);
     ::SendMessageW(entry, EM_SETPASSWORDCHAR, mask, 0);
 }
 
@@ -57,7 +51,7 @@ bool showPasswordWindow(HWND owner, std::string_view caption, const CodePage& co
         opened(dialog);
     };
     const auto choose = [&](HWND dialog, int id) {
-        if (id == IDCANCEL) return true;
+        // Escape does nothing; only the close box ends the window without an entry.
         if (id != control_id::cmdPW) return false;
         const HWND entry = ::GetDlgItem(dialog, control_id::txtPW);
         const SetCaption setCaption = [&](std::string_view text) {

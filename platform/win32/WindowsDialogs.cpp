@@ -4,26 +4,26 @@
 #include <cmath>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <windows.h>
 
+#include "core/Errors.h"
 #include "platform/win32/ControlParts.h"
+#include "platform/win32/Handles.h"
 #include "platform/win32/PasswordWindow.h"
 #include "platform/win32/PrinterDevice.h"
 #include "platform/win32/PromptBox.h"
 #include "platform/win32/Texts.h"
 
 #include <commdlg.h>
+#include <shobjidl.h>
 
 namespace quorvel {
 
 namespace {
 
-/// Pairs of a text and a pattern, each ended by a zero; the literal's own zero ends the list.
-constexpr const wchar_t* sheetFilter = L"Gradesheet\0*.qrv\0";
+constexpr COMDLG_FILTERSPEC sheetType{L"Gradesheet", L"*.qrv"};
 constexpr const wchar_t* sheetExtension = L"qrv";
-constexpr std::size_t longestPath = 32768;
 constexpr float pointParts = 10;  // the font dialog counts in tenths of a point
 constexpr int pointsPerInch = 72;
 
@@ -62,23 +62,59 @@ class KeptOwner {
     HWND before_;
 };
 
-std::optional<std::filesystem::path> chooseFile(BOOL(WINAPI* show)(OPENFILENAMEW*), HWND owner,
+/// Brings the cursor back that the program showed before a dialog.
+class KeptCursor {
+  public:
+    KeptCursor() = default;
+    KeptCursor(const KeptCursor&) = delete;
+    KeptCursor& operator=(const KeptCursor&) = delete;
+    ~KeptCursor() { ::SetCursor(before_); }
+
+  private:
+    HCURSOR before_ = ::GetCursor();
+};
+
+UniqueInterface<IFileDialog> createFileDialog(REFCLSID kind) {
+    IFileDialog* dialog = nullptr;
+    if (FAILED(::CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))))
+        throw Error("The file dialog could not be opened.");
+    return UniqueInterface<IFileDialog>(dialog);
+}
+
+/// Windows would begin in the folder that was used last.
+void beginIn(IFileDialog& dialog, const std::filesystem::path& folder) {
+    IShellItem* item = nullptr;
+    if (FAILED(::SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_PPV_ARGS(&item)))) return;
+    const UniqueInterface<IShellItem> owned(item);
+    dialog.SetFolder(item);
+}
+
+std::optional<std::filesystem::path> chosenFile(IFileDialog& dialog) {
+    IShellItem* item = nullptr;
+    if (FAILED(dialog.GetResult(&item))) return std::nullopt;
+    const UniqueInterface<IShellItem> owned(item);
+    wchar_t* path = nullptr;
+    if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) return std::nullopt;
+    const UniqueTaskText ownedPath(path);
+    return path;
+}
+
+std::optional<std::filesystem::path> chooseFile(REFCLSID kind, HWND owner,
                                                 const std::wstring& title,
                                                 const std::filesystem::path& startFolder,
-                                                DWORD flags) {
-    std::vector<wchar_t> chosen(longestPath);
-    OPENFILENAMEW request{};
-    request.lStructSize = sizeof request;
-    request.hwndOwner = owner;
-    request.lpstrFilter = sheetFilter;
-    request.lpstrFile = chosen.data();
-    request.nMaxFile = static_cast<DWORD>(chosen.size());
-    request.lpstrInitialDir = startFolder.c_str();
-    request.lpstrTitle = title.c_str();
-    request.lpstrDefExt = sheetExtension;
-    request.Flags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST | flags;
-    if (show(&request) == FALSE) return std::nullopt;
-    return chosen.data();
+                                                FILEOPENDIALOGOPTIONS wanted) {
+    const KeptCursor cursor;
+    const UniqueInterface<IFileDialog> dialog = createFileDialog(kind);
+    FILEOPENDIALOGOPTIONS usual = 0;
+    dialog->GetOptions(&usual);
+    dialog->SetOptions(usual | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST | wanted);
+    dialog->SetTitle(title.c_str());
+    dialog->SetFileTypes(1, &sheetType);
+    dialog->SetDefaultExtension(sheetExtension);
+    beginIn(*dialog, startFolder);
+    const CentredDialogs centred;
+    if (FAILED(dialog->Show(owner))) return std::nullopt;
+    return chosenFile(*dialog);
 }
 
 }  // namespace
@@ -95,10 +131,12 @@ HWND WindowsDialogs::beginDialog() {
 }
 
 std::string WindowsDialogs::prompt(const Prompt& prompt) {
+    const KeptCursor cursor;
     return showPromptBox(beginDialog(), prompt, codePage_);
 }
 
 Answer WindowsDialogs::message(const Message& message) {
+    const KeptCursor cursor;
     const HWND owner = beginDialog();
     const CentredDialogs centred;
     return answerOf(::MessageBoxW(owner, toWide(message.text, codePage_).c_str(),
@@ -107,17 +145,19 @@ Answer WindowsDialogs::message(const Message& message) {
 
 std::optional<std::filesystem::path> WindowsDialogs::openFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    return chooseFile(::GetOpenFileNameW, beginDialog(), toWide(title, codePage_), startFolder,
-                      OFN_FILEMUSTEXIST);
+    return chooseFile(CLSID_FileOpenDialog, beginDialog(), toWide(title, codePage_), startFolder,
+                      FOS_FILEMUSTEXIST);
 }
 
 std::optional<std::filesystem::path> WindowsDialogs::saveFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    return chooseFile(::GetSaveFileNameW, beginDialog(), toWide(title, codePage_), startFolder,
-                      OFN_OVERWRITEPROMPT);
+    // A file that cannot be written is refused by Windows, which says why.
+    return chooseFile(CLSID_FileSaveDialog, beginDialog(), toWide(title, codePage_), startFolder,
+                      FOS_OVERWRITEPROMPT | FOS_NOREADONLYRETURN);
 }
 
 std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {
+    const KeptCursor cursor;
     const HWND owner = beginDialog();
     const UniqueDC printer = openPrinter(defaultPrinterName(), Orientation::Portrait);
     LOGFONTW font{};
@@ -143,6 +183,7 @@ std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {
 }
 
 bool WindowsDialogs::passwordWindow(std::string_view caption, const SubmitPassword& submit) {
+    const KeptCursor cursor;
     const HWND owner = beginDialog();
     const KeptOwner kept(owner_);
     return showPasswordWindow(

@@ -6,6 +6,7 @@
 
 #include "core/CodePage.h"
 #include "core/ports/Dialogs.h"
+#include "platform/win32/Handles.h"
 
 namespace quorvel {
 
@@ -32,6 +33,7 @@ class WindowsDialogs final : public Dialogs {
     /// Brings the main window up to date; the owner of what is opened next.
     HWND beginDialog();
 
+    ObjectApartment apartment_;
     const CodePage& codePage_;
     HWND owner_ = nullptr;
     std::function<void()> opening_;

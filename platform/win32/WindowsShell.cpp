@@ -2,10 +2,21 @@
 
 #include <string>
 
+#include "platform/win32/ControlParts.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/Texts.h"
 
 namespace quorvel {
+
+namespace {
+
+std::wstring systemFolder() {
+    std::wstring folder(::GetSystemDirectoryW(nullptr, 0), L'\0');
+    folder.resize(::GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())));
+    return folder;
+}
+
+}  // namespace
 
 bool WindowsShell::startMaximized(std::string_view program, const std::filesystem::path& file) {
     // Windows finds no program behind a blank.
@@ -20,8 +31,11 @@ bool WindowsShell::startMaximized(std::string_view program, const std::filesyste
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWMAXIMIZED;
     PROCESS_INFORMATION started{};
-    if (::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                         &startup, &started) == 0)
+    // What is started takes errors as it is used to, and keeps no folder of ours from being
+    // removed.
+    if (::CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE,
+                         CREATE_DEFAULT_ERROR_MODE, nullptr, systemFolder().c_str(), &startup,
+                         &started) == 0)
         return false;
     const UniqueHandle process(started.hProcess);
     const UniqueHandle thread(started.hThread);
@@ -31,6 +45,15 @@ bool WindowsShell::startMaximized(std::string_view program, const std::filesyste
 
 ScreenSize WindowsShell::screenSize() const {
     return {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+}
+
+ScreenSize WindowsShell::largestClientArea() const {
+    RECT area{};
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    RECT frame{};
+    ::AdjustWindowRectEx(&frame, mainWindowStyle, TRUE, 0);
+    return {static_cast<int>(area.right - area.left - (frame.right - frame.left)),
+            static_cast<int>(area.bottom - area.top - (frame.bottom - frame.top))};
 }
 
 }  // namespace quorvel

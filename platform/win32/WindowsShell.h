@@ -13,6 +13,7 @@ class WindowsShell final : public Shell {
 
     bool startMaximized(std::string_view program, const std::filesystem::path& file) override;
     ScreenSize screenSize() const override;
+    ScreenSize largestClientArea() const override;
 
   private:
     const CodePage& codePage_;

@@ -27,6 +27,13 @@ class FakeShell final : public Shell {
         return works;
     }
     ScreenSize screenSize() const override { return screen; }
+    ScreenSize largestClientArea() const override {
+        return {screen.width - frameWidth, screen.height - frameCaptionAndMenuHeight};
+    }
+
+  private:
+    static constexpr int frameWidth = 8;
+    static constexpr int frameCaptionAndMenuHeight = 46;
 };
 
 }  // namespace quorvel

@@ -2,14 +2,16 @@
 
 #include <utility>
 
-#include <windows.h>
+#include "platform/win32/WindowsShell.h"
 
 namespace quorvel::scenario {
 
 namespace {
 
-ScreenSize systemScreen() {
-    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+/// As the program sees the machine.
+const WindowsShell& system() {
+    static const WindowsShell shell(CodePage::windows1252());
+    return shell;
 }
 
 }  // namespace
@@ -17,8 +19,8 @@ ScreenSize systemScreen() {
 Bench::Bench(std::filesystem::path program, std::filesystem::path printing)
     : program_(std::move(program)),
       printing_(std::move(printing)),
-      screen_(systemScreen()),
-      layout_(layoutFor(screen_)),
+      screen_(system().screenSize()),
+      layout_(layoutFor(screen_, system().largestClientArea().height)),
       glyphs_(program_, layout_.small ? CanvasSize::Small : CanvasSize::Wide) {}
 
 }  // namespace quorvel::scenario

@@ -10,7 +10,7 @@ inline constexpr int messageText = 0xFFFF;
 inline constexpr int messageIcon = 0x440;
 
 // The file dialogs.
-inline constexpr int fileName = 0x47C;
+inline constexpr int fileName = 0x480;
 
 // The font dialog.
 inline constexpr int fontFace = 0x470;

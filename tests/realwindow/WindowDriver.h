@@ -68,6 +68,9 @@ class WindowDriver final : public Driver {
     std::optional<std::vector<FileCopy>> copies() override;
     std::optional<std::vector<std::string>> launches() override;
 
+    /// The dialog seen last may be covered by another one by now: the next look finds out.
+    void forgetDialog() { dialog_.reset(); }
+
     /// The process of the program under way.
     HANDLE process() const;
 

@@ -14,12 +14,27 @@ readonly program_folder='Real Input'
 readonly class='Algebra I - Period 3.qrv'
 readonly score=17
 
-# The sample with the text "17" as the fourth student's score in the first assignment, which is
-# record 7: three records stand before the scores.
+# The sample with the text "17" as the scores of the fourth to the ninth student in the first
+# assignment, which are records 7 to 12: three records stand before the scores.
 expected_file() {
+    local record
     cp "$root/assets/samples/$class" "$1"
-    printf '\x08\x00\x02\x00%s' "$score" |
-        dd of="$1" bs=1 seek=$((6 * 128)) conv=notrunc status=none
+    for record in {7..12}; do
+        printf '\x08\x00\x02\x00%s\x00' "$score" |
+            dd of="$1" bs=1 seek=$(((record - 1) * 128)) conv=notrunc status=none
+    done
+}
+
+# entry_ends_at ROW X Y BUTTON: types a score into the row, clicks that place, and types on; what is
+# typed then goes nowhere.
+entry_ends_at() {
+    teacher_click "$class" "$1" 1
+    screen_settles
+    write_text "$score"
+    teacher_click_at "$class" "$2" "$3" "$4"
+    screen_settles
+    write_text 8
+    screen_settles
 }
 
 saved_as_expected() {
@@ -34,6 +49,11 @@ main() {
     check "the window opens" teacher_start "$program_folder"
     check "keys open a class" teacher_open_class "$class"
     teacher_type_score "$class" 4 1 "$score"
+    entry_ends_at 5 156 303 1 # on the assignments' scroll bar, which has nowhere to go back
+    entry_ends_at 6 156 303 2
+    entry_ends_at 7 70 100 3 # on the names
+    entry_ends_at 8 70 5 3   # on a heading
+    entry_ends_at 9 500 450 2
     press ctrl+s
     check "a clicked and typed score is saved, and nothing else is changed" saved_as_expected
     check "the menu's keys end the program" teacher_exit

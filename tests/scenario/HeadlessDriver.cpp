@@ -198,7 +198,10 @@ bool HeadlessDriver::closeWindow() {
 }
 
 bool HeadlessDriver::endSession() {
-    return act([](frmQRV& form) { form.closeBox(); });
+    return act([](frmQRV& form) {
+        form.sessionMayEnd();
+        form.sessionEnds();
+    });
 }
 
 std::optional<Dialog> HeadlessDriver::openDialog() {

@@ -47,7 +47,14 @@ std::optional<std::string> HeadlessDriver::text(std::string_view control) {
 std::optional<std::uint32_t> HeadlessDriver::colour(std::string_view control) {
     const auto label = labelNamed(control);
     if (label == nullptr) failUnknown(control);
-    return (program().controls().*label).background;
+    switch ((program().controls().*label).ground) {
+        case Ground::Heading:
+            return headingGrey;
+        case Ground::ChangedHeading:
+            return headingRed;
+        default:
+            return std::nullopt;  // the system's own
+    }
 }
 
 std::optional<bool> HeadlessDriver::visible(std::string_view control) {

@@ -215,8 +215,14 @@ void Walk::moveSomeBar() {
 }
 
 void Walk::closeTheWindow() {
-    log_.line(random_.chance(50) ? "close" : "session ends");
-    form_->closeBox();
+    if (random_.chance(50)) {
+        log_.line("close");
+        form_->closeBox();
+    } else {
+        log_.line("session ends");
+        form_->sessionMayEnd();
+        form_->sessionEnds();
+    }
     // On a full disk the user may go back to a sheet that nothing took.
     if (!form_->hasEnded() && !files_.full)
         throw Violation("the window is closed and the program goes on");

@@ -59,7 +59,7 @@ TEST_F(ClassFigures, RanksReplaceRowNumbersOnDemand) {
     fill(3, 1);
     enter(1, 0, "10");
     form.lblSN_Click();
-    EXPECT_EQ(form.controls().lblSN, (Label{"SR", headingRed}));
+    EXPECT_EQ(form.controls().lblSN, (Label{"SR", Ground::ChangedHeading}));
     EXPECT_EQ(form.controls().txtSN.text, "2\r\n1\r\n2");
     form.lblSN_Click();
     EXPECT_EQ(form.controls().txtSN.text, "1\r\n2\r\n3");

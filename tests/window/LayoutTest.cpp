@@ -71,6 +71,22 @@ TEST(Layout, TheSmallOneFitsItsScreen) {
     expectNothingOverlapsOrLeavesTheWindow(layout);
 }
 
+TEST(Layout, TheAssignmentListGivesUpLinesOnALowScreen) {
+    const auto linesAt = [](int clientHeight) {
+        const Layout layout = layoutFor({1920, 1080}, clientHeight);
+        expectNothingOverlapsOrLeavesTheWindow(layout);
+        EXPECT_EQ(layout.txtA.height, 14 * layout.listLines + 4);
+        return layout.listLines;
+    };
+    EXPECT_EQ(linesAt(515), 10);
+    EXPECT_EQ(linesAt(514), 9);
+    EXPECT_EQ(linesAt(450), 5);
+    EXPECT_EQ(linesAt(417), 3);
+    EXPECT_EQ(linesAt(300), 3);
+    EXPECT_EQ(layoutFor({1920, 1080}, 450).clientHeight, 445);
+    EXPECT_EQ(layoutFor({640, 480}, 410).listLines, 3);
+}
+
 TEST(Layout, EachTextLineStandsBesideItsRow) {
     for (const ScreenSize screen : {ScreenSize{640, 480}, ScreenSize{1024, 768}}) {
         const Layout layout = layoutFor(screen);

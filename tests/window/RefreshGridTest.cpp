@@ -102,11 +102,11 @@ TEST_F(RefreshGrid, TheNameHeadingTogglesAliasesAndNothingElse) {
     form.chooseMenu(menuItemIndex("mnuAddS"));
     EXPECT_EQ(form.controls().txtS.text, "Featherstonehau");
     form.lblStudent_Click();
-    EXPECT_EQ(form.controls().lblStudent, (Label{"Student Alias", headingRed}));
+    EXPECT_EQ(form.controls().lblStudent, (Label{"Student Alias", Ground::ChangedHeading}));
     EXPECT_EQ(form.controls().txtS.text, "Algy");
     EXPECT_EQ(form.controls().txtSN.text, "1");
     form.lblStudent_Click();
-    EXPECT_EQ(form.controls().lblStudent, (Label{"Student Name", headingGrey}));
+    EXPECT_EQ(form.controls().lblStudent, (Label{"Student Name", Ground::Heading}));
     EXPECT_EQ(form.controls().txtS.text, "Featherstonehau");
 }
 

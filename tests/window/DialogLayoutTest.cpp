@@ -1,0 +1,51 @@
+#include "window/DialogLayout.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvel {
+
+namespace {
+
+/// The usual message font, and the same at the largest text that Windows offers.
+constexpr DialogFont usualFont{6, 15};
+constexpr DialogFont largeFont{14, 34};
+constexpr int usualScreen = 1024;
+
+}  // namespace
+
+TEST(DialogLayout, BoxesAndButtonsHoldALineOfTheFont) {
+    for (const DialogFont& font : {usualFont, largeFont}) {
+        const PromptLayout prompt = promptLayout(font, {100, font.lineHeight}, usualScreen);
+        EXPECT_GT(prompt.answer.height, font.lineHeight);
+        EXPECT_GT(prompt.okButton.height, font.lineHeight);
+        EXPECT_GT(prompt.cancelButton.width, 6 * font.averageCharacterWidth);
+        const PasswordLayout password = passwordLayout(font);
+        EXPECT_GT(password.entry.height, font.lineHeight);
+        EXPECT_GT(password.submitButton.height, font.lineHeight);
+        EXPECT_EQ(password.height, 24 + password.entry.height);
+    }
+}
+
+TEST(DialogLayout, NothingStandsOverWhatIsBelowIt) {
+    const PromptLayout layout = promptLayout(largeFont, {500, 3 * 34}, usualScreen);
+    EXPECT_GT(layout.answer.top, layout.question.top + layout.question.height);
+    EXPECT_GT(layout.okButton.top, layout.answer.top + layout.answer.height);
+    EXPECT_GT(layout.cancelButton.left, layout.okButton.left + layout.okButton.width);
+    EXPECT_EQ(layout.cancelButton.left + layout.cancelButton.width,
+              layout.answer.left + layout.answer.width);
+    EXPECT_GT(layout.height, layout.okButton.top + layout.okButton.height);
+}
+
+TEST(DialogLayout, AShortQuestionStillGivesTheAnswerRoom) {
+    EXPECT_EQ(promptLayout(usualFont, {50, 15}, usualScreen).answer.width, 330);
+    EXPECT_EQ(promptLayout(usualFont, {400, 15}, usualScreen).answer.width, 400);
+}
+
+TEST(DialogLayout, NoBoxIsWiderThanTheScreen) {
+    EXPECT_EQ(widestQuestion(usualFont, usualScreen), 420);
+    EXPECT_LT(widestQuestion(largeFont, 640), 640);
+    const PromptLayout layout = promptLayout(largeFont, {widestQuestion(largeFont, 640), 34}, 640);
+    EXPECT_LE(layout.width, 640);
+}
+
+}  // namespace quorvel

@@ -19,10 +19,6 @@ struct ResultColumn {
     std::string (*text)(const StudentFigures& figures);
 };
 
-std::string letterText(LetterGrade grade) {
-    return {static_cast<char>(grade)};
-}
-
 constexpr std::array resultColumns{
     ResultColumn{
         "points earned", pointsEarnedLeft, pointsSlots,

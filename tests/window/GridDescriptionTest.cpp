@@ -100,8 +100,11 @@ TEST_F(GridDescriptions, TheEditorIsKnownByItsCell) {
 TEST_F(GridDescriptions, AnEmptySheetHasNothingToDescribe) {
     FakeCanvas otherCanvas;
     frmQRV empty{{dialogs, files, printer, otherCanvas, clock, shell},
-                 "/Other",
-                 "/machine/password",
+                 {.programFolder = "/Other",
+                  .passwordFile = "/machine/password",
+                  .documents = "/user/Documents",
+                  .localData = "/user/local",
+                  .temporary = "/temporary"},
                  CodePage::windows1252()};
     empty.start();
     EXPECT_EQ(GridDescription(empty).count(), 0);

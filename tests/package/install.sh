@@ -63,15 +63,16 @@ nothing_is_registered() {
 
 all_files_are_there() {
     local name
-    (cd "$bench_scratch/Quorvel" && find . -type f) | while read -r name; do
+    while read -r name; do
         cmp "$bench_scratch/Quorvel/$name" "$1/$name" || return
-    done
+    done < <(cd "$bench_scratch/Quorvel" && find . -type f)
 }
 
 no_file_of_ours_is_left() {
     local name
-    (cd "$bench_scratch/next" && find . -type f && echo ./Uninstall.exe && echo ./Samples) |
-        while read -r name; do [[ ! -e $1/$name ]] || return; done
+    while read -r name; do
+        [[ ! -e $1/$name ]] || return
+    done < <(cd "$bench_scratch/next" && find . -type f && echo ./Uninstall.exe && echo ./Samples)
 }
 
 programs_of_the_bench() {

@@ -43,7 +43,8 @@ int runProgram() {
     const CodePage codePage = systemCodePage();
     WindowsDialogs dialogs(codePage);
     WindowsFiles files;
-    if (const std::string problem = startProblem(folder, files, codePage); !problem.empty()) {
+    if (const std::string problem = startProblem(places.programFolder, files, codePage);
+        !problem.empty()) {
         dialogs.message({.text = problem, .icon = Icon::Critical});
         return 1;
     }

@@ -159,7 +159,7 @@ std::optional<std::filesystem::path> WindowsDialogs::saveFile(
 std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {
     const KeptCursor cursor;
     const HWND owner = beginDialog();
-    const UniqueDC printer = openPrinter(defaultPrinterName(), Orientation::Portrait);
+    const UniqueDC printer = openPrinter(defaultPrinterName(), {});
     LOGFONTW font{};
     const WindowDC screen(nullptr);
     font.lfHeight = static_cast<LONG>(

@@ -1,49 +1,32 @@
 #pragma once
 
-#include <span>
+#include <functional>
 #include <string>
-#include <string_view>
 
-#include "core/CodePage.h"
-#include "core/ports/Files.h"
-#include "qrv/Arguments.h"
+#include "qrv/Environment.h"
+#include "qrv/Request.h"
 
 namespace quorvel {
 
-/// What the commands work with. Must outlive them.
-struct Environment {
-    Files& files;
-    const CodePage& codePage;
+enum class ExitCode {
+    Done = 0,
+    InputFailed = 1,
+    WrongUsage = 2,
+    ReportStopped = 3,
 };
 
-/// What a command leaves: its standard output as UTF-8 and, where that tells of damage, one line
-/// for standard error without the program's name.
-struct Outcome {
-    std::string output;
-    std::string problem;
-};
+/// Each runs one command with its results where the request wants them, tells on standard error of
+/// what went wrong with a file and goes on with the next one. The worst that happened. Throws
+/// UsageError, OutputError and, where nothing at all can be done, InputError.
+ExitCode figures(const Request& request, Environment& environment);
+ExitCode report(const Request& request, Environment& environment);
+ExitCode exportSheets(const Request& request, Environment& environment);
+ExitCode importSheet(const Request& request, Environment& environment);
+ExitCode check(const Request& request, Environment& environment);
 
-/// Each takes its operands (without the command's name) and throws UsageError, InputError or
-/// ReportStopped. Nothing is written before everything was read and found
-/// good.
-Outcome figures(const Arguments& arguments, Environment& environment);
-Outcome report(const Arguments& arguments, Environment& environment);
-Outcome exportSheet(const Arguments& arguments, Environment& environment);
-Outcome importSheet(const Arguments& arguments, Environment& environment);
-Outcome check(const Arguments& arguments, Environment& environment);
-
-struct Command {
-    std::string_view name;
-    std::size_t operandCount;
-    /// The options that it takes beside those of every command.
-    std::span<const std::string_view> options;
-    Outcome (*run)(const Arguments& arguments, Environment& environment);
-    std::string_view help;
-};
-
-std::span<const Command> commands();
-
-/// What `qrv --help` prints.
-std::string_view generalHelp();
+/// Calls `work` for each sheet of the request; what it throws about a sheet is told on standard
+/// error. The worst that happened.
+ExitCode forEachSheet(const Request& request,
+                      const std::function<ExitCode(const std::string& sheet)>& work);
 
 }  // namespace quorvel

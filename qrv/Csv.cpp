@@ -7,55 +7,70 @@ namespace quorvel {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view separators = ",;\t";
+/// The line with which some spreadsheets name the separator of those behind it.
+constexpr std::string_view separatorLine = "sep=";
 
 class CsvReader {
   public:
     explicit CsvReader(std::string_view text) : rest_(text) {
-        if (rest_.starts_with(byteOrderMark)) rest_.remove_prefix(byteOrderMark.size());
+        table_.endsWithLine = text.empty() || text.ends_with('\n') || text.ends_with('\r');
     }
 
-    std::vector<CsvRow> rows() {
-        std::vector<CsvRow> rows;
+    CsvTable table() {
+        if (rest_.starts_with(separatorLine)) readSeparatorLine();
         while (!rest_.empty()) {
-            if (CsvRow row = readRow(); !row.empty()) rows.push_back(std::move(row));
+            CsvRow row = readRow();
+            if (!std::ranges::all_of(row, &CsvField::isBlank))
+                table_.rows.push_back(std::move(row));
         }
-        return rows;
+        if (separator_ != 0) table_.separator = separator_;
+        return std::move(table_);
     }
 
   private:
-    bool atLineEnd() const {
-        return rest_.empty() || rest_[0] == '\n' || rest_.starts_with("\r\n");
-    }
+    bool atLineEnd() const { return rest_.empty() || rest_[0] == '\n' || rest_[0] == '\r'; }
 
     bool atSeparator() const {
         if (rest_.empty()) return false;
-        return separator_ != 0 ? rest_[0] == separator_ : rest_[0] == ',' || rest_[0] == ';';
+        return separator_ != 0 ? rest_[0] == separator_
+                               : separators.find(rest_[0]) != std::string_view::npos;
     }
 
     char take() {
         const char taken = rest_[0];
         rest_.remove_prefix(1);
-        if (taken == '\n') ++line_;
+        if (taken == '\n' || (taken == '\r' && !rest_.starts_with('\n'))) ++line_;
         return taken;
+    }
+
+    void takeLineEnd() {
+        if (!rest_.empty() && take() == '\r' && rest_.starts_with('\n')) take();
+    }
+
+    void readSeparatorLine() {
+        rest_.remove_prefix(separatorLine.size());
+        if (!atSeparator()) throw CsvError({}, "the line sep= names neither , nor ; nor a tab");
+        separator_ = take();
+        if (!atLineEnd()) throw CsvError({}, "the line sep= names more than one character");
+        takeLineEnd();
     }
 
     CsvRow readRow() {
         CsvRow row;
-        bool more = !atLineEnd();
+        bool more = true;
         while (more) {
             row.push_back(readField(static_cast<int>(row.size()) + 1));
             more = atSeparator();
             if (more) separator_ = take();
         }
-        while (!rest_.empty() && take() != '\n') {
-        }
+        takeLineEnd();
         return row;
     }
 
     CsvField readField(int column) {
-        CsvField field{"", {line_, column}};
-        if (!rest_.starts_with('"')) {
+        CsvField field{.text = "", .place = {line_, column}, .quoted = rest_.starts_with('"')};
+        if (!field.quoted) {
             while (!atLineEnd() && !atSeparator()) field.text += take();
             return field;
         }
@@ -72,31 +87,37 @@ class CsvReader {
     }
 
     std::string_view rest_;
+    CsvTable table_;
     char separator_ = 0;  // 0 until the first one tells
     int line_ = 1;
 };
 
 }  // namespace
 
-std::vector<CsvRow> readCsv(std::string_view text) {
-    return CsvReader(text).rows();
+std::string textOf(const CsvPlace& place) {
+    return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
 }
 
-void appendCsvRow(std::string& csv, const std::vector<std::string>& fields) {
-    const char* separator = "";
-    for (const std::string& field : fields) {
-        csv += separator;
-        separator = ",";
-        const bool quoted = field.find_first_of(",\"\r\n") != std::string::npos;
-        if (!quoted) {
+CsvTable readCsv(std::string_view text) {
+    return CsvReader(text).table();
+}
+
+void appendCsvRow(std::string& csv, const std::vector<std::string>& fields,
+                  std::string_view lineEnd) {
+    const bool isBlank = std::ranges::all_of(fields, &std::string::empty);
+    for (std::size_t column = 0; column < fields.size(); ++column) {
+        const std::string& field = fields[column];
+        if (column > 0) csv += ',';
+        const bool holdsRow = column == 0 && isBlank;
+        if (holdsRow || field.find_first_of(",\"\r\n") != std::string::npos) {
+            csv += '"';
+            for (const char character : field) csv.append(character == '"' ? 2 : 1, character);
+            csv += '"';
+        } else {
             csv += field;
-            continue;
         }
-        csv += '"';
-        for (const char character : field) csv.append(character == '"' ? 2 : 1, character);
-        csv += '"';
     }
-    csv += '\n';
+    csv += lineEnd;
 }
 
 }  // namespace quorvel

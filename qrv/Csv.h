@@ -13,28 +13,47 @@ struct CsvPlace {
     int column = 1;
 };
 
+/// "line 3, column 4".
+std::string textOf(const CsvPlace& place);
+
 struct CsvField {
     std::string text;
     CsvPlace place;
+    bool quoted = false;
+
+    /// What a spreadsheet writes for a cell without content; an empty text in quotes is content.
+    bool isBlank() const { return text.empty() && !quoted; }
 };
 
 using CsvRow = std::vector<CsvField>;
 
-/// What is wrong with a CSV file, and where.
-class CsvError : public std::runtime_error {
-  public:
-    CsvError(CsvPlace place, const std::string& reason)
-        : std::runtime_error("line " + std::to_string(place.line) + ", column " +
-                             std::to_string(place.column) + ": " + reason) {}
+struct CsvTable {
+    /// Rows of only blank fields are left out.
+    std::vector<CsvRow> rows;
+    char separator = ',';
+    /// False where the file breaks off within its last row.
+    bool endsWithLine = true;
 };
 
-/// The rows of a CSV text as spreadsheets write it: fields separated by commas, or by semicolons
-/// where the first separator of the first line is one; fields in quotes may hold separators, line
-/// breaks and doubled quotes; lines end with LF or CR LF. Empty lines are left out, and so is a
-/// byte order mark. Throws CsvError for a quoted field that does not end properly.
-std::vector<CsvRow> readCsv(std::string_view text);
+/// Text that cannot be made out as CSV, where, and what stands there.
+class CsvError : public std::runtime_error {
+  public:
+    CsvError(CsvPlace where, const std::string& reason, std::string_view found = "")
+        : std::runtime_error(reason), place(where), text(found) {}
 
-/// Adds one row to `csv`, in quotes what needs them.
-void appendCsvRow(std::string& csv, const std::vector<std::string>& fields);
+    CsvPlace place;
+    std::string text;
+};
+
+/// The rows of a CSV text as spreadsheets write it: fields separated by commas, semicolons or tabs,
+/// whichever the first line has first outside quotes or its "sep=" names; fields in quotes may hold
+/// separators, line breaks and doubled quotes; lines end with CR LF, LF or CR. Throws CsvError for
+/// a quoted field that does not end properly and a "sep=" that names another separator.
+CsvTable readCsv(std::string_view text);
+
+/// Adds one row to `csv`, in quotes what needs them. A row that would be of blank fields only gets
+/// a quoted one, so that it stays a row.
+void appendCsvRow(std::string& csv, const std::vector<std::string>& fields,
+                  std::string_view lineEnd = "\n");
 
 }  // namespace quorvel

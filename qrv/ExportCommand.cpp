@@ -1,50 +1,74 @@
+#include <filesystem>
+#include <map>
+#include <utility>
+
 #include "qrv/Commands.h"
-#include "qrv/Csv.h"
 #include "qrv/Input.h"
+#include "qrv/Output.h"
 #include "qrv/Problem.h"
-#include "storage/SafeWriting.h"
+#include "qrv/SheetCsv.h"
+#include "qrv/SheetJson.h"
 
 namespace quorvel {
 
 namespace {
 
-std::string csvOf(const GradeSheet& sheet) {
-    std::vector<std::string> heading{"Name", "Alias"};
-    std::vector<std::string> values{"Value", ""};
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        heading.push_back(sheet.assignmentName(assignment));
-        values.push_back(std::to_string(sheet.assignmentValue(assignment)));
+bool isJsonWanted(const Request& request) {
+    return request.format == "json";
+}
+
+void writeSheet(const std::string& name, const GradeSheet& sheet, const Request& request,
+                const CodePage& codePage, TextWriter& writer) {
+    if (isJsonWanted(request)) {
+        writeSheetJson(name, sheet, codePage, writer);
+    } else {
+        writeSheetCsv(sheet, codePage, request.forSpreadsheet, writer);
     }
-    std::string csv;
-    appendCsvRow(csv, heading);
-    appendCsvRow(csv, values);
-    for (int student = 1; student <= sheet.studentCount(); ++student) {
-        std::vector<std::string> row{sheet.studentName(student), sheet.studentAlias(student)};
-        for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-            row.push_back(sheet.score(assignment, student).text());
+}
+
+/// All sheets one after the other, those of csv with an empty line between them.
+ExitCode exportToOneFile(const Request& request, Environment& environment) {
+    ExitCode worst = ExitCode::Done;
+    writeResult(request.output, environment, [&](OutputFile& file) {
+        TextWriter writer(file);
+        bool shown = false;
+        worst = forEachSheet(request, [&](const std::string& name) {
+            const OpenedSheet opened = openSheet(name, request, environment);
+            if (shown && !isJsonWanted(request)) writer.write("\n");
+            shown = true;
+            writeSheet(name, opened.sheet, request, environment.codePage, writer);
+            return opened.exitCode();
+        });
+        return writer.finish(shown);
+    });
+    return worst;
+}
+
+ExitCode exportIntoFolder(const Request& request, Environment& environment) {
+    std::map<std::filesystem::path, std::string> sources;
+    return forEachSheet(request, [&](const std::string& name) {
+        const OpenedSheet opened = openSheet(name, request, environment);
+        std::filesystem::path target = pathOf(*request.output) / pathOf(name).stem();
+        target += isJsonWanted(request) ? ".json" : ".csv";
+        requireOtherFile(utf8Of(target), request.files);
+        const auto [source, isNew] = sources.emplace(target, name);
+        if (!isNew) {
+            throw InputError(name + ": its export would replace that of " + source->second);
         }
-        appendCsvRow(csv, row);
-    }
-    return csv;
+        writeResult(utf8Of(target), environment, [&](OutputFile& file) {
+            TextWriter writer(file);
+            writeSheet(name, opened.sheet, request, environment.codePage, writer);
+            return writer.finish();
+        });
+        return opened.exitCode();
+    });
 }
 
 }  // namespace
 
-Outcome exportSheet(const Arguments& arguments, Environment& environment) {
-    const ReportSettings settings = settingsFor(arguments, environment);
-    const GradeSheet sheet =
-        readSheet(environment, arguments.operands.at(0), settings.gradingScale);
-    std::string csv = environment.codePage.toUtf8(csvOf(sheet));
-    const auto output = arguments.value("output");
-    if (!output) return {std::move(csv), ""};
-    requireWritable(*output);
-    const auto writeCsv = [&](OutputFile& file) {
-        return file.append(std::as_bytes(std::span(csv)));
-    };
-    if (!writeSafely(environment.files, pathOf(*output), OldRest::Cut, writeCsv)) {
-        throw InputError(*output + ": cannot be written");
-    }
-    return {};
+ExitCode exportSheets(const Request& request, Environment& environment) {
+    if (isFolder(request.output)) return exportIntoFolder(request, environment);
+    return exportToOneFile(request, environment);
 }
 
 }  // namespace quorvel

@@ -1,12 +1,19 @@
 #include <algorithm>
+#include <string_view>
+#include <vector>
 
 #include "core/Numbers.h"
 #include "qrv/Commands.h"
+#include "qrv/Csv.h"
 #include "qrv/Input.h"
+#include "qrv/Output.h"
+#include "qrv/SheetJson.h"
 
 namespace quorvel {
 
 namespace {
+
+using Row = std::vector<std::string>;
 
 /// The text with a blank for each character that would break the table's lines or columns.
 std::string tableText(std::string text) {
@@ -15,34 +22,80 @@ std::string tableText(std::string text) {
     return text;
 }
 
-std::string studentLine(const GradeSheet& sheet, int student) {
-    const StudentFigures& figures = sheet.figures(student);
-    std::string line = std::to_string(student);
-    for (const std::string& text :
-         {tableText(sheet.studentName(student)), tableText(sheet.studentAlias(student)),
-          std::to_string(figures.pointsEarned), std::to_string(figures.pointsPossible),
-          tenthsText(figures.percentageTenths), letterText(figures.letterGrade),
-          std::to_string(figures.rank)}) {
-        line += '\t' + text;
+/// A table, its rows led by the sheet's name where there are several.
+class FiguresTable {
+  public:
+    FiguresTable(const Request& request, const CodePage& codePage, TextWriter& writer)
+        : codePage_(codePage),
+          writer_(writer),
+          isCsv_(request.format == "csv"),
+          withClass_(!isCsv_ && !request.withoutClass),
+          withSheet_(request.files.size() > 1) {}
+
+    void add(const std::string& name, const GradeSheet& sheet) {
+        if (!hasHeading_) {
+            write("sheet", {"number", "name", "alias", "earned", "possible", "percentage", "letter",
+                            "rank"});
+            hasHeading_ = true;
+        }
+        for (int student = 1; student <= sheet.studentCount(); ++student) {
+            const StudentFigures& figures = sheet.figures(student);
+            write(name,
+                  {std::to_string(student), codePage_.toUtf8(sheet.studentName(student)),
+                   codePage_.toUtf8(sheet.studentAlias(student)),
+                   std::to_string(figures.pointsEarned), std::to_string(figures.pointsPossible),
+                   tenthsText(figures.percentageTenths),
+                   letterText(figures.letterGrade),
+                   std::to_string(figures.rank)});
+        }
+        const auto& average = sheet.classAverage();
+        if (!withClass_ || !average) return;
+        write(name, {"class", tenthsText(average->tenths),
+                     letterText(average->letterGrade)});
     }
-    return line + '\n';
-}
+
+  private:
+    void write(const std::string& name, Row row) {
+        if (withSheet_) row.insert(row.begin(), name);
+        std::string line;
+        if (isCsv_) {
+            appendCsvRow(line, row, "\r\n");
+        } else {
+            for (const std::string& text : row) line += tableText(text) + '\t';
+            line.back() = '\n';
+        }
+        writer_.write(line);
+    }
+
+    const CodePage& codePage_;
+    TextWriter& writer_;
+    bool isCsv_;
+    bool withClass_;
+    bool withSheet_;
+    bool hasHeading_ = false;
+};
 
 }  // namespace
 
-Outcome figures(const Arguments& arguments, Environment& environment) {
-    const ReportSettings settings = settingsFor(arguments, environment);
-    const GradeSheet sheet =
-        readSheet(environment, arguments.operands.at(0), settings.gradingScale);
-    std::string table = "number\tname\talias\tearned\tpossible\tpercentage\tletter\trank\n";
-    for (int student = 1; student <= sheet.studentCount(); ++student) {
-        table += studentLine(sheet, student);
-    }
-    if (const auto& average = sheet.classAverage()) {
-        table += "class\t" + tenthsText(average->tenths) + '\t' + letterText(average->letterGrade) +
-                 '\n';
-    }
-    return {environment.codePage.toUtf8(table), ""};
+ExitCode figures(const Request& request, Environment& environment) {
+    ExitCode worst = ExitCode::Done;
+    writeResult(request.output, environment, [&](OutputFile& file) {
+        TextWriter writer(file);
+        FiguresTable table(request, environment.codePage, writer);
+        bool shown = false;
+        worst = forEachSheet(request, [&](const std::string& name) {
+            const OpenedSheet opened = openSheet(name, request, environment);
+            shown = true;
+            if (request.format == "json") {
+                writeFiguresJson(name, opened.sheet, environment.codePage, writer);
+            } else {
+                table.add(name, opened.sheet);
+            }
+            return opened.exitCode();
+        });
+        return writer.finish(shown);
+    });
+    return worst;
 }
 
 }  // namespace quorvel

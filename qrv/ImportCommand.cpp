@@ -1,183 +1,106 @@
-#include <algorithm>
-#include <cmath>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <system_error>
+#include <utility>
 
-#include "core/Errors.h"
-#include "core/Numbers.h"
 #include "qrv/Commands.h"
-#include "qrv/Csv.h"
+#include "qrv/Complaints.h"
+#include "qrv/FieldRules.h"
+#include "qrv/ImportedSheet.h"
 #include "qrv/Input.h"
+#include "qrv/Output.h"
 #include "qrv/Problem.h"
-#include "storage/RecordFile.h"
+#include "qrv/SheetFromCsv.h"
+#include "qrv/SheetJson.h"
+#include "qrv/TextEncoding.h"
+#include "storage/Reading.h"
 #include "storage/SheetFile.h"
 
 namespace quorvel {
 
 namespace {
 
-/// The fields of every row that stand before those of the assignments.
-constexpr std::size_t leadingFields = 2;
-constexpr std::size_t leadingRows = 2;
-constexpr double highestValue = 999;
+/// What is shown of a text that a remark is about.
+constexpr std::size_t longestExcerpt = 60;
 
-std::string_view withoutOuterBlanks(std::string_view text) {
-    const std::size_t first = std::min(text.find_first_not_of(" \t"), text.size());
-    text.remove_prefix(first);
-    return text.substr(0, text.find_last_not_of(" \t") + 1);
+Bytes readAll(const std::string& name, Environment& environment) {
+    const auto file = openInput(name, environment);
+    Bytes bytes;
+    std::size_t filled = 0;
+    do {
+        bytes.resize(filled + blockSize);
+        const auto count = file->read(std::span(bytes).subspan(filled));
+        if (!count) throw brokenOff(name);
+        filled += *count;
+    } while (filled == bytes.size());
+    bytes.resize(filled);
+    return bytes;
 }
 
-bool isNumber(std::string_view text) {
-    return !text.empty() && leadingNumberText(text) == text;
+ImportedSheet readImport(const std::string& name, Environment& environment) {
+    const std::string text = decodedText(readAll(name, environment), environment.codePage);
+    return isJson(text) ? sheetFromJson(text, environment.codePage)
+                        : sheetFromCsv(text, environment.codePage);
 }
 
-/// Turns the fields of a CSV file into what a sheet holds, and refuses what it cannot hold.
-class FieldReader {
-  public:
-    explicit FieldReader(const CodePage& codePage) : codePage_(codePage) {}
-
-    std::string text(const CsvField& field) const {
-        std::string text = codePage_.fromUtf8(field.text);
-        if (codePage_.toUtf8(text) != field.text) {
-            throw CsvError(field.place, "a character that the sheet's code page lacks");
-        }
-        if (text.size() > longestText) {
-            throw CsvError(field.place,
-                           "longer than " + std::to_string(longestText) + " characters");
-        }
-        return text;
-    }
-
-    std::int16_t value(const CsvField& field) const {
-        const std::string_view text = withoutOuterBlanks(field.text);
-        const double number = leadingNumber(text);
-        const bool fits = isNumber(text) && number >= 0 && number <= highestValue;
-        if (!fits || std::floor(number) != number) {
-            throw CsvError(field.place, "a point value is a whole number from 0 to 999");
-        }
-        return static_cast<std::int16_t>(number);
-    }
-
-    Score score(const CsvField& field) const {
-        const std::string_view text = withoutOuterBlanks(field.text);
-        if (text.empty()) return {};
-        if (text == "E" || text == "e") return Score::excused();
-        if (!isNumber(text)) throw CsvError(field.place, "a score is a number, E or nothing");
-        Score score = scoreFromEntry(text, codePage_);
-        if (std::max(text.size(), score.text().size()) > longestTaggedText) {
-            throw CsvError(field.place,
-                           "longer than " + std::to_string(longestTaggedText) + " characters");
-        }
-        return score;
-    }
-
-  private:
-    const CodePage& codePage_;
-};
-
-/// Throws CsvError unless the field reads `wanted`, in capitals or not.
-void requireText(const CodePage& codePage, const CsvField& field, const std::string& wanted) {
-    if (codePage.compareIgnoringCase(field.text, wanted) == 0) return;
-    throw CsvError(field.place, wanted.empty() ? "this field is to be empty"
-                                               : "this field is to read \"" + wanted + "\"");
+/// Cut between two characters of UTF-8.
+std::string excerpt(std::string text) {
+    if (text.size() <= longestExcerpt) return text;
+    std::size_t end = longestExcerpt;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    return text.substr(0, end) + "...";
 }
 
-void requireSameLength(const std::vector<CsvRow>& rows) {
-    for (const CsvRow& row : rows) {
-        if (row.size() == rows[0].size()) continue;
-        const std::size_t column = std::min(row.size(), rows[0].size());
-        throw CsvError({row[0].place.line, static_cast<int>(column) + 1},
-                       "the line has " + std::to_string(row.size()) + " fields, the heading " +
-                           std::to_string(rows[0].size()));
+void tell(const std::string& name, const Remarks& remarks, const std::string& kind) {
+    for (const Remark& remark : remarks.kept()) {
+        const std::string found = remark.text.empty() ? "" : ": \"" + excerpt(remark.text) + '"';
+        complain(name + ": " + remark.place + ": " + kind + remark.reason + found);
+    }
+    const std::size_t further = remarks.count() - remarks.kept().size();
+    if (further > 0) complain(name + ": " + kind + "and " + std::to_string(further) + " more");
+}
+
+std::string givenTitle(const std::string& given, const CodePage& codePage) {
+    try {
+        return FieldRules(codePage).text(given);
+    } catch (const FieldError& error) {
+        throw UsageError(std::string("--title: ") + error.what());
     }
 }
 
-void requireShape(const CodePage& codePage, const std::vector<CsvRow>& rows) {
-    if (rows.empty() || rows[0].size() < leadingFields) {
-        throw CsvError({}, "the heading line Name,Alias and the assignments' names is missing");
-    }
-    requireText(codePage, rows[0][0], "Name");
-    requireText(codePage, rows[0][1], "Alias");
-    if (rows.size() < leadingRows) {
-        throw CsvError({rows[0][0].place.line + 1, 1}, "the line of point values is missing");
-    }
-    requireText(codePage, rows[1][0], "Value");
-    requireSameLength(rows);
-    requireText(codePage, rows[1][1], "");
-    const auto limit = static_cast<std::size_t>(GradeSheet::maximumCount);
-    if (rows[0].size() - leadingFields > limit) {
-        throw CsvError(rows[0][leadingFields + limit].place,
-                       "more assignments than a sheet can hold");
-    }
-    if (rows.size() - leadingRows > limit) {
-        throw CsvError(rows[leadingRows + limit][0].place, "more students than a sheet can hold");
-    }
-}
-
-std::optional<int> countBehind(std::size_t leading, std::size_t all) {
-    if (all == leading) return std::nullopt;
-    return static_cast<int>(all - leading);
-}
-
-GradeSheet sheetOf(const std::vector<CsvRow>& rows, const CodePage& codePage) {
-    requireShape(codePage, rows);
-    const FieldReader read(codePage);
-    GradeSheet sheet;
-    sheet.recreate(countBehind(leadingRows, rows.size()),
-                   countBehind(leadingFields, rows[0].size()));
-    std::vector<std::string> names;
-    for (std::size_t column = leadingFields; column < rows[0].size(); ++column) {
-        names.push_back(read.text(rows[0][column]));
-    }
-    for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-        const auto index = static_cast<std::size_t>(assignment) - 1;
-        sheet.setAssignment(assignment, names[index], read.value(rows[1][leadingFields + index]));
-    }
-    for (int student = 1; student <= sheet.studentCount(); ++student) {
-        const CsvRow& row = rows[leadingRows + static_cast<std::size_t>(student) - 1];
-        const std::string name = read.text(row[0]);
-        sheet.setStudent(student, name, read.text(row[1]));
-        for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
-            const Score score =
-                read.score(row[leadingFields + static_cast<std::size_t>(assignment) - 1]);
-            if (!score.isEmpty()) sheet.setScore(assignment, student, score);
-        }
-    }
-    return sheet;
-}
-
-std::string sheetTitle(const Arguments& arguments, const CodePage& codePage) {
-    const std::string given = arguments.value("title").value_or("");
-    std::string title = codePage.fromUtf8(given);
-    if (codePage.toUtf8(title) != given) {
-        throw UsageError("--title has a character that the sheet's code page lacks");
-    }
-    if (title.size() > longestText) {
-        throw UsageError("--title is longer than " + std::to_string(longestText) + " characters");
-    }
-    return title;
+/// That of the sheet which is to be replaced; nothing where there is none that holds one.
+std::string titleInPlace(const std::optional<std::string>& output, Environment& environment) {
+    constexpr std::uint64_t titleRecord = 3;
+    std::error_code error;
+    if (!output || !std::filesystem::is_regular_file(pathOf(*output), error)) return "";
+    const auto file = openInput(*output, environment);
+    RecordReader reader(*file);
+    const SheetCheck old = checkSheet(reader);
+    const bool hasTitle = !old.firstDamage || old.firstDamage->number > titleRecord;
+    return hasTitle ? old.sheetTitle : "";
 }
 
 }  // namespace
 
-Outcome importSheet(const Arguments& arguments, Environment& environment) {
-    const auto output = arguments.value("output");
-    if (!output) throw UsageError("import wants -o and the sheet to write");
-    const std::string title = sheetTitle(arguments, environment.codePage);
-    settingsFor(arguments, environment);
-    const std::string& path = arguments.operands.at(0);
-    const Bytes bytes = readFile(environment, path);
-    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-    GradeSheet sheet;
-    try {
-        sheet = sheetOf(readCsv(text), environment.codePage);
-    } catch (const CsvError& error) {
-        throw InputError(path + ": " + error.what());
-    }
-    sheet.sheetTitle = title;
-    requireWritable(*output);
-    if (!writeSheet(environment.files, pathOf(*output), sheet)) {
-        throw InputError(*output + ": cannot be written");
-    }
-    return {};
+ExitCode importSheet(const Request& request, Environment& environment) {
+    const std::string& name = request.files.front();
+    std::optional<std::string> title;
+    if (request.title) title = givenTitle(*request.title, environment.codePage);
+    settingsFor(request, "", environment);
+    ImportedSheet imported = readImport(name, environment);
+    tell(name, imported.mistakes, "");
+    if (imported.mistakes.count() > 0) return ExitCode::InputFailed;
+    tell(name, imported.warnings, "warning: ");
+    if (!title) title = imported.title;
+    imported.sheet.sheetTitle = title ? *title : titleInPlace(request.output, environment);
+    writeResult(request.output, environment, [&](OutputFile& file) {
+        RecordStream stream(file);
+        writeSheet(stream, imported.sheet);
+        stream.finish();
+        return stream.failed() ? Outcome::Failed : Outcome::Written;
+    });
+    return ExitCode::Done;
 }
 
 }  // namespace quorvel

@@ -1,10 +1,13 @@
 #include "qrv/Input.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <filesystem>
-#include <limits>
+#include <optional>
+#include <span>
+#include <string_view>
 
-#include "qrv/Problem.h"
+#include "qrv/Complaints.h"
 #include "storage/Reading.h"
 #include "storage/SheetFile.h"
 
@@ -12,70 +15,124 @@ namespace quorvel {
 
 namespace {
 
-UsageError scaleError() {
-    return UsageError("--scale wants five whole numbers, such as 94,86,76,70,60");
+class StandardInput final : public InputFile {
+    std::optional<std::size_t> readSome(std::span<std::byte> target) override {
+        const std::size_t count = std::fread(target.data(), 1, target.size(), stdin);
+        if (count == 0 && std::ferror(stdin) != 0) return std::nullopt;
+        return count;
+    }
+};
+
+const char* reasonFor(FileProblem problem) {
+    switch (problem) {
+        case FileProblem::Missing:
+            return "there is no such file";
+        case FileProblem::Folder:
+            return "it is a folder, no file";
+        case FileProblem::Refused:
+            return "there is no permission to read it";
+        case FileProblem::InUse:
+            return "another program has it open and does not share it";
+        case FileProblem::Unreadable:
+        case FileProblem::None:
+            break;
+    }
+    return "it cannot be read";
 }
 
-std::array<std::int16_t, 5> parseScale(std::string_view text) {
-    using Limits = std::numeric_limits<std::int16_t>;
-    std::array<std::int16_t, 5> minimums{};
-    for (std::size_t grade = 0; grade < minimums.size(); ++grade) {
-        const bool last = grade + 1 == minimums.size();
-        const std::size_t end = last ? text.size() : text.find(',');
-        const auto number = wholeNumber(text.substr(0, end));
-        if (!number || *number < Limits::min() || *number > Limits::max()) throw scaleError();
-        minimums[grade] = static_cast<std::int16_t>(*number);
-        if (last) break;
-        if (end == std::string_view::npos) throw scaleError();
-        text.remove_prefix(end + 1);
+using NativeText = std::basic_string_view<std::filesystem::path::value_type>;
+
+NativeText::value_type lowerCase(NativeText::value_type character) {
+    const bool isCapital = character >= 'A' && character <= 'Z';
+    return isCapital ? static_cast<NativeText::value_type>(character - 'A' + 'a') : character;
+}
+
+/// Where a later * could take more, the pattern is tried again from there.
+bool matches(NativeText pattern, NativeText name) {
+    std::size_t star = NativeText::npos;
+    std::size_t starsEnd = 0;  // how far the name went into the last *
+    std::size_t at = 0;
+    std::size_t place = 0;
+    while (place < name.size()) {
+        const bool fits = at < pattern.size() && pattern[at] != '*' &&
+                          (pattern[at] == '?' || lowerCase(pattern[at]) == lowerCase(name[place]));
+        if (fits) {
+            ++at;
+            ++place;
+        } else if (at < pattern.size() && pattern[at] == '*') {
+            star = at++;
+            starsEnd = place;
+        } else if (star != NativeText::npos) {
+            at = star + 1;
+            place = ++starsEnd;
+        } else {
+            return false;
+        }
     }
-    return minimums;
+    return pattern.substr(at).find_first_not_of(NativeText::value_type('*')) == NativeText::npos;
+}
+
+std::vector<std::string> filesMatching(const std::string& name, Files& files) {
+    const std::filesystem::path pattern(std::u8string(name.begin(), name.end()));
+    std::vector<std::string> found;
+    for (const auto& file : files.list(pathOf(name).parent_path())) {
+        if (!matches(pattern.filename().native(), file.filename().native())) continue;
+        found.push_back(utf8Of(pattern.parent_path() / file.filename()));
+    }
+    std::ranges::sort(found);
+    return found;
 }
 
 }  // namespace
 
-std::filesystem::path pathOf(std::string_view path) {
-    const std::filesystem::path given(std::u8string(path.begin(), path.end()));
-    std::error_code error;
-    std::filesystem::path absolute = std::filesystem::absolute(given, error);
-    return error ? given : absolute;
-}
-
-Bytes readFile(Environment& environment, const std::string& path) {
-    ReadBytes read = readBytes(environment.files, pathOf(path));
-    if (read.problem != FileProblem::None) throw InputError(path + ": cannot be read");
-    return std::move(read.bytes);
-}
-
-ReportSettings settingsFor(const Arguments& arguments, Environment& environment) {
-    ReportSettings settings;
-    if (const auto folder = arguments.value("settings")) {
-        std::error_code error;
-        if (!std::filesystem::is_directory(pathOf(*folder), error)) {
-            throw InputError(*folder + ": is no folder");
-        }
-        settings = readReportSettings(environment.files, pathOf(*folder));
+std::unique_ptr<InputFile> openInput(const std::string& name, Environment& environment) {
+    if (name == standardStream) return std::make_unique<StandardInput>();
+    const std::filesystem::path path = pathOf(name);
+    Files::Opened opened = environment.files.openForReading(path);
+    if (opened.problem == FileProblem::InUse) {
+        patiently(environment.files, [&] {
+            opened = environment.files.openForReading(path);
+            return opened.problem;
+        });
     }
-    if (const auto scale = arguments.value("scale")) {
-        settings.gradingScale.minimums = parseScale(*scale);
-    }
-    if (arguments.has("round-up")) settings.gradingScale.roundUp = GradingScale::roundUpOn;
-    return settings;
+    if (!opened.file) throw InputError(name + ": " + reasonFor(opened.problem));
+    return std::move(opened.file);
 }
 
-GradeSheet readSheet(Environment& environment, const std::string& path, const GradingScale& scale) {
-    GradeSheet sheet = decodeSheet(readFile(environment, path));
-    sheet.recomputeFigures(scale);
-    return sheet;
+InputError brokenOff(const std::string& name) {
+    return InputError(name + ": it cannot be read to its end");
 }
 
-void requireWritable(const std::string& path) {
-    std::error_code error;
-    const auto kind = std::filesystem::status(pathOf(path), error).type();
-    if (kind != std::filesystem::file_type::regular &&
-        kind != std::filesystem::file_type::not_found) {
-        throw InputError(path + ": is no file that can be written");
+std::string damageText(const std::string& name, const DamagedRecord& damage) {
+    return name + ": record " + std::to_string(damage.number) + ": " + damage.reason;
+}
+
+OpenedSheet openSheet(const std::string& name, const Request& request, Environment& environment) {
+    OpenedSheet opened;
+    opened.settings = settingsFor(request, name, environment);
+    const auto file = openInput(name, environment);
+    RecordReader reader(*file);
+    opened.sheet = readSheet(reader);
+    if (reader.brokeOff()) throw brokenOff(name);
+    if (const auto& damage = reader.firstDamage()) {
+        if (!request.damaged) throw InputError(damageText(name, *damage));
+        complain(damageText(name, *damage));
+        opened.isDamaged = true;
     }
+    opened.sheet.recomputeFigures(opened.settings.settings.gradingScale);
+    return opened;
+}
+
+std::vector<std::string> expandWildcards(const std::vector<std::string>& names, Files& files) {
+    std::vector<std::string> expanded;
+    for (const std::string& name : names) {
+        const std::size_t lastPart = name.find_last_of("/\\") + 1;
+        const bool isPattern = name.find_first_of("*?", lastPart) != std::string::npos;
+        const auto found = isPattern ? filesMatching(name, files) : std::vector<std::string>();
+        if (found.empty()) expanded.push_back(name);
+        expanded.insert(expanded.end(), found.begin(), found.end());
+    }
+    return expanded;
 }
 
 }  // namespace quorvel

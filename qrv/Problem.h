@@ -10,8 +10,14 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// What the command was given could not be read, written or used; the text names the file.
+/// What the command was given could not be read or used; the text names the file.
 class InputError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The result could not be written; the text names where to. No other sheet makes up for that.
+class OutputError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };

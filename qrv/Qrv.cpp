@@ -1,88 +1,64 @@
 #include "qrv/Qrv.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <array>
+#include <string_view>
+#include <utility>
+#include <variant>
 
+#include "qrv/CommandLine.h"
+#include "qrv/Complaints.h"
+#include "qrv/Input.h"
+#include "qrv/Output.h"
 #include "qrv/Problem.h"
 
 namespace quorvel {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> commonOptions{"help", "round-up", "scale", "settings"};
+struct Command {
+    std::string_view name;
+    ExitCode (*run)(const Request& request, Environment& environment);
+};
 
-/// One line, whatever the texts in it hold.
-void complain(std::string problem) {
-    std::ranges::replace_if(
-        problem, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    std::fprintf(stderr, "qrv: %s\n", problem.c_str());
+constexpr std::array<Command, 5> commands{{
+    {"figures", figures},
+    {"report", report},
+    {"export", exportSheets},
+    {"import", importSheet},
+    {"check", check},
+}};
+
+void print(const std::string& text, Environment& environment) {
+    writeResult(std::nullopt, environment, [&](OutputFile& file) {
+        TextWriter writer(file);
+        writer.write(text);
+        return writer.finish();
+    });
 }
 
-/// A reader that has seen enough is no failure.
-ExitCode printOutput(std::string_view output) {
-    errno = 0;
-    const bool written = std::fwrite(output.data(), 1, output.size(), stdout) == output.size() &&
-                         std::fflush(stdout) == 0;
-    if (written || errno == EPIPE) return ExitCode::Done;
-    complain(std::string("standard output: ") + std::strerror(errno));
-    return ExitCode::InputFailed;
-}
-
-const Command& commandNamed(std::string_view name) {
-    const auto found = std::ranges::find(commands(), name, &Command::name);
-    if (found == commands().end()) {
-        throw UsageError("there is no command '" + std::string(name) + "'; see qrv --help");
+ExitCode run(const std::vector<std::string>& words, Environment& environment) {
+    auto parsed = parseCommandLine(words, scaleText(settingsFor({}, "", environment)));
+    if (const auto* help = std::get_if<HelpText>(&parsed)) {
+        print(help->text, environment);
+        return ExitCode::Done;
     }
-    return *found;
-}
-
-UsageError misfit(const Command& command, const std::string& reason) {
-    const std::string name(command.name);
-    return UsageError(name + reason + "; see qrv " + name + " --help");
-}
-
-void requireFitting(const Command& command, const Arguments& arguments) {
-    for (const auto& [option, value] : arguments.options) {
-        const bool known = std::ranges::count(commonOptions, option) > 0 ||
-                           std::ranges::count(command.options, option) > 0;
-        if (!known) throw misfit(command, " has no option --" + option);
+    auto& request = std::get<Request>(parsed);
+    if (environment.expandsWildcards) {
+        request.files = expandWildcards(request.files, environment.files);
     }
-    if (arguments.operands.size() != command.operandCount) {
-        const char* plural = command.operandCount == 1 ? "" : "s";
-        throw misfit(command,
-                     " wants " + std::to_string(command.operandCount) + " operand" + plural);
-    }
-}
-
-ExitCode run(Arguments arguments, Environment& environment) {
-    if (arguments.operands.empty()) {
-        if (arguments.has("help")) return printOutput(generalHelp());
-        throw UsageError("a command is missing; see qrv --help");
-    }
-    const Command& command = commandNamed(arguments.operands.front());
-    if (arguments.has("help")) return printOutput(command.help);
-    arguments.operands.erase(arguments.operands.begin());
-    requireFitting(command, arguments);
-    const Outcome outcome = command.run(arguments, environment);
-    const ExitCode printed = printOutput(outcome.output);
-    if (outcome.problem.empty() || printed != ExitCode::Done) return printed;
-    complain(outcome.problem);
-    return ExitCode::InputFailed;
+    if (request.output) requireOtherFile(*request.output, request.files);
+    return std::ranges::find(commands, request.command, &Command::name)->run(request, environment);
 }
 
 }  // namespace
 
-ExitCode runQrv(const std::vector<std::string>& arguments, Environment& environment) {
+ExitCode runQrv(const std::vector<std::string>& words, Environment& environment) {
     try {
-        return run(parseArguments(arguments), environment);
+        return run(words, environment);
     } catch (const UsageError& error) {
         complain(error.what());
         return ExitCode::WrongUsage;
-    } catch (const ReportStopped& error) {
-        complain(error.what());
-        return ExitCode::ReportStopped;
     } catch (const std::exception& error) {
         complain(error.what());
         return ExitCode::InputFailed;

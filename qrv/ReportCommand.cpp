@@ -1,8 +1,11 @@
 #include <ctime>
+#include <optional>
 
 #include "core/Errors.h"
 #include "qrv/Commands.h"
+#include "qrv/Complaints.h"
 #include "qrv/Input.h"
+#include "qrv/Output.h"
 #include "qrv/Problem.h"
 #include "reports/Report.h"
 #include "reports/TextPrinter.h"
@@ -10,17 +13,6 @@
 namespace quorvel {
 
 namespace {
-
-constexpr int firstReport = static_cast<int>(ReportKind::Full);
-constexpr int lastReport = static_cast<int>(ReportKind::StudentGrade);
-
-ReportKind parseKind(const std::string& text) {
-    const auto number = wholeNumber(text);
-    if (!number || *number < firstReport || *number > lastReport) {
-        throw UsageError("there is no report '" + text + "': they are numbered 1 to 6");
-    }
-    return static_cast<ReportKind>(*number);
-}
 
 std::string twoDigits(int number) {
     return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
@@ -39,55 +31,68 @@ std::string timeText(const std::tm& now) {
            (now.tm_hour < noon ? " AM" : " PM");
 }
 
-long long parseStudent(const Arguments& arguments) {
-    const auto number = wholeNumber(arguments.value("student").value_or(""));
-    if (!number) throw UsageError("report 3 wants --student and a student's number");
-    return *number;
-}
-
 /// Date and time are the system's where they are not given.
-ReportData reportData(const Arguments& arguments, const CodePage& codePage, const GradeSheet& sheet,
-                      const ReportSettings& settings) {
-    const auto text = [&](std::string_view option, const std::string& otherwise) {
-        const auto given = arguments.value(option);
+ReportData reportData(const Request& request, const CodePage& codePage, const OpenedSheet& opened) {
+    const auto text = [&](const std::optional<std::string>& given, const std::string& otherwise) {
         return given ? codePage.fromUtf8(*given) : otherwise;
     };
     const std::time_t clock = std::time(nullptr);
     const std::tm now = *std::localtime(&clock);
-    return {.sheet = sheet,
-            .schoolName = text("school", settings.schoolName),
-            .teacherName = text("teacher", settings.teacherName),
-            .date = text("date", dateText(now)),
-            .time = text("time", timeText(now)),
+    return {.sheet = opened.sheet,
+            .schoolName = text(request.school, opened.settings.settings.schoolName),
+            .teacherName = text(request.teacher, opened.settings.settings.teacherName),
+            .date = text(request.date, dateText(now)),
+            .time = text(request.time, timeText(now)),
             .font = {},
-            .useAliases = arguments.has("alias")};
+            .useAliases = request.useAliases,
+            .student = request.student.value_or(0)};
 }
 
-}  // namespace
-
-Outcome report(const Arguments& arguments, Environment& environment) {
-    const ReportKind kind = parseKind(arguments.operands.at(0));
-    const bool ofOneStudent = kind == ReportKind::IndividualStudent;
-    const long long student = ofOneStudent ? parseStudent(arguments) : 0;
-    const ReportSettings settings = settingsFor(arguments, environment);
-    const std::string& path = arguments.operands.at(1);
-    const GradeSheet sheet = readSheet(environment, path, settings.gradingScale);
-    if (kind != ReportKind::Assignment && sheet.studentCount() == 0) {
-        throw InputError(path + ": there are no students to print a report on");
+/// Throws InputError where there is nothing to print and ReportStopped where the report stops.
+std::string reportText(const std::string& name, const Request& request, const OpenedSheet& opened,
+                       const CodePage& codePage) {
+    const auto kind = static_cast<ReportKind>(request.reportKind);
+    const int students = opened.sheet.studentCount();
+    if (kind != ReportKind::Assignment && students == 0) {
+        throw InputError(name + ": there are no students to print a report on");
     }
-    if (ofOneStudent && (student < 1 || student > sheet.studentCount())) {
-        throw InputError(path + ": there is no student " + *arguments.value("student"));
+    const ReportData data = reportData(request, codePage, opened);
+    if (kind == ReportKind::IndividualStudent && (data.student < 1 || data.student > students)) {
+        throw InputError(name + ": there is no student " + std::to_string(data.student));
     }
-
-    ReportData data = reportData(arguments, environment.codePage, sheet, settings);
-    data.student = static_cast<int>(student);
     TextPrinter printer;
     try {
         printReport(kind, data, printer);
     } catch (const DivisionByZeroError& error) {
-        throw ReportStopped(path + ": " + error.what());
+        throw ReportStopped(name + ": " + error.what());
     }
-    return {environment.codePage.toUtf8(printer.text()), ""};
+    return codePage.toUtf8(printer.text());
+}
+
+}  // namespace
+
+ExitCode report(const Request& request, Environment& environment) {
+    const bool ofOneStudent = request.reportKind == static_cast<int>(ReportKind::IndividualStudent);
+    if (ofOneStudent && !request.student) {
+        throw UsageError("report 3 wants --student and a student's number (see qrv report --help)");
+    }
+    ExitCode worst = ExitCode::Done;
+    writeResult(request.output, environment, [&](OutputFile& file) {
+        TextWriter writer(file);
+        const bool several = request.files.size() > 1;
+        bool shown = false;
+        worst = forEachSheet(request, [&](const std::string& name) {
+            const OpenedSheet opened = openSheet(name, request, environment);
+            const std::string text = reportText(name, request, opened, environment.codePage);
+            if (shown) writer.write("\f");
+            shown = true;
+            if (several) writer.write("Sheet: " + oneLine(name) + "\n\n");
+            writer.write(text);
+            return opened.exitCode();
+        });
+        return writer.finish(shown);
+    });
+    return worst;
 }
 
 }  // namespace quorvel

@@ -171,11 +171,13 @@ SheetCheck checkSheet(RecordReader& reader) {
     return check;
 }
 
+void writeSheet(RecordStream& stream, const GradeSheet& sheet) {
+    SheetWriter visitor(stream, sheet);
+    visitSheet(visitor);
+}
+
 bool writeSheet(Files& files, const std::filesystem::path& file, const GradeSheet& sheet) {
-    return writeRecords(files, file, [&](RecordStream& stream) {
-        SheetWriter visitor(stream, sheet);
-        visitSheet(visitor);
-    });
+    return writeRecords(files, file, [&](RecordStream& stream) { writeSheet(stream, sheet); });
 }
 
 }  // namespace quorvel

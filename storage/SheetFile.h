@@ -42,6 +42,9 @@ struct SheetCheck {
 /// none of them. The reader then knows whether the reading broke off.
 SheetCheck checkSheet(RecordReader& reader);
 
+/// Puts a sheet's records into the stream.
+void writeSheet(RecordStream& stream, const GradeSheet& sheet);
+
 /// Writes the whole sheet into `file`; see writeRecords. False when the file was left as it was.
 bool writeSheet(Files& files, const std::filesystem::path& file, const GradeSheet& sheet);
 

@@ -1,10 +1,11 @@
 # shellcheck shell=bash
 # What Debian 12 lacks for building and testing, and how it gets here. Sourced.
 
-readonly headless_packages=(cmake g++ libgtest-dev ninja-build python3)
+readonly headless_packages=(cmake g++ libcli11-dev libgtest-dev ninja-build nlohmann-json3-dev parallel
+    python3)
 readonly style_packages=(clang clang-format clang-tidy shellcheck)
 readonly coverage_packages=(gcovr)
-readonly windows_packages=(g++-mingw-w64-x86-64-posix)
+readonly windows_packages=(g++-mingw-w64-x86-64-posix groff-base)
 readonly packaging_packages=(nsis unzip zip)
 readonly wine_packages=(fonts-liberation fonts-wine wine wine64 xvfb)
 readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript poppler-utils

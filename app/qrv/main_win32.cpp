@@ -3,9 +3,13 @@
 #include "qrv/Qrv.h"
 
 int main() {
-    const quorvel::Utf8Output output;
+    const quorvel::Utf8Streams streams;
     quorvel::WindowsFiles files;
     const quorvel::CodePage codePage = quorvel::sheetCodePage();
-    quorvel::Environment environment{files, codePage};
+    // The shells of Windows leave * and ? to the program.
+    quorvel::Environment environment{.files = files,
+                                     .codePage = codePage,
+                                     .programFolder = quorvel::folderOfProgram(),
+                                     .expandsWildcards = true};
     return static_cast<int>(quorvel::runQrv(quorvel::commandLineArguments(), environment));
 }

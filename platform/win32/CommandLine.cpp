@@ -16,6 +16,9 @@ namespace quorvel {
 
 namespace {
 
+/// The longest that Windows knows, in characters.
+constexpr std::size_t longestPath = 32767;
+
 struct LocalFreer {
     void operator()(wchar_t** words) const { LocalFree(static_cast<HLOCAL>(words)); }
 };
@@ -44,12 +47,19 @@ CodePage sheetCodePage() {
     return systemCodePage();
 }
 
-Utf8Output::Utf8Output() : consoleCodePage_(GetConsoleOutputCP()) {
+std::filesystem::path folderOfProgram() {
+    std::wstring file(longestPath, L'\0');
+    file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
+    return std::filesystem::path(file).parent_path();
+}
+
+Utf8Streams::Utf8Streams() : consoleCodePage_(GetConsoleOutputCP()) {
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     SetConsoleOutputCP(CP_UTF8);
 }
 
-Utf8Output::~Utf8Output() {
+Utf8Streams::~Utf8Streams() {
     if (consoleCodePage_ != 0) SetConsoleOutputCP(consoleCodePage_);
 }
 

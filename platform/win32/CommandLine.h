@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -13,13 +14,17 @@ std::vector<std::string> commandLineArguments();
 /// The code page that sheets are written in on this system.
 CodePage sheetCodePage();
 
-/// While it lives, standard output takes bytes as they are, and a console shows them as UTF-8.
-class Utf8Output {
+/// The folder that the program lies in.
+std::filesystem::path folderOfProgram();
+
+/// While it lives, standard input and output carry bytes as they are, and a console shows them as
+/// UTF-8.
+class Utf8Streams {
   public:
-    Utf8Output();
-    ~Utf8Output();
-    Utf8Output(const Utf8Output&) = delete;
-    Utf8Output& operator=(const Utf8Output&) = delete;
+    Utf8Streams();
+    ~Utf8Streams();
+    Utf8Streams(const Utf8Streams&) = delete;
+    Utf8Streams& operator=(const Utf8Streams&) = delete;
 
   private:
     unsigned int consoleCodePage_;

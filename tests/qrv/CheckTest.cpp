@@ -38,8 +38,8 @@ TEST_F(CheckTest, AWholeSheet) {
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.problem, "");
     EXPECT_EQ(run.output,
-              "students: 3\nassignments: 4\nrecords wanted: 29\nrecords present: 29\n"
-              "whole: yes\n");
+              "title: Math - 1\nstudents: 3\nassignments: 4\nrecords wanted: 29\n"
+              "records present: 29\nscale: 94,86,76,70,60 (built in)\nwhole: yes\n");
 }
 
 TEST_F(CheckTest, WhatStandsBehindTheSheetDoesNoHarm) {
@@ -47,8 +47,8 @@ TEST_F(CheckTest, WhatStandsBehindTheSheetDoesNoHarm) {
     const ProgramRun run = qrv("check long.qrv");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.output,
-              "students: 3\nassignments: 4\nrecords wanted: 29\nrecords present: 32\n"
-              "whole: yes\n");
+              "title: Math - 1\nstudents: 3\nassignments: 4\nrecords wanted: 29\n"
+              "records present: 32\nscale: 94,86,76,70,60 (built in)\nwhole: yes\n");
 }
 
 TEST_F(CheckTest, ALastRecordThatLacksOnlyItsFillerIsWhole) {
@@ -95,7 +95,8 @@ TEST_F(CheckTest, CountsThatNoSheetHasAreDamage) {
               "1: a text that is no count");
     write("damaged.qrv", withRecord(2, "\x07"));
     EXPECT_EQ(qrv("check damaged.qrv").output,
-              "students: 3\nassignments: unknown\nrecords wanted: unknown\nrecords present: 29\n"
+              "title: \nstudents: 3\nassignments: unknown\nrecords wanted: unknown\n"
+              "records present: 29\nscale: 94,86,76,70,60 (built in)\n"
               "whole: no\nfirst damaged record: 2: a value of unknown type 7\n");
 }
 
@@ -111,7 +112,8 @@ TEST_F(CheckTest, CountsOfEveryTypeAreCounts) {
     }
     write("never-set.qrv", std::string(3 * recordSize, '\0'));
     EXPECT_EQ(qrv("check never-set.qrv").output,
-              "students: 0\nassignments: 0\nrecords wanted: 3\nrecords present: 3\nwhole: yes\n");
+              "title: \nstudents: 0\nassignments: 0\nrecords wanted: 3\nrecords present: 3\n"
+              "scale: 94,86,76,70,60 (built in)\nwhole: yes\n");
 }
 
 TEST_F(CheckTest, AScoreMayHoldAnyTextOrNumber) {
@@ -130,15 +132,35 @@ TEST_F(CheckTest, CountsOfAThousandMillionCellsTakeNeitherTimeNorMemory) {
     const ProgramRun run = shell(memoryLimit() + "qrv check claims.qrv");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.output,
-              "students: 32767\nassignments: 32767\nrecords wanted: 1073807360\n"
-              "records present: 2\nwhole: no\nfirst damaged record: 3: it is missing\n");
+              "title: \nstudents: 32767\nassignments: 32767\nrecords wanted: 1073807360\n"
+              "records present: 2\nscale: 94,86,76,70,60 (built in)\nwhole: no\nfirst damaged "
+              "record: 3: it is missing\n");
 }
 
 TEST_F(CheckTest, AMissingFileIsAnError) {
     const ProgramRun run = qrv("check missing.qrv");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_EQ(run.output, "");
-    EXPECT_TRUE(isOneLine(run.problem, "qrv: missing.qrv: cannot be read"));
+    EXPECT_TRUE(isOneLine(run.problem, "qrv: missing.qrv: there is no such file"));
+}
+
+TEST_F(CheckTest, SeveralSheetsAreEachNamedAndOneBadOneDoesNotStopTheOthers) {
+    write("bad.qrv", read("class.qrv").substr(0, 7 * recordSize));
+    const ProgramRun run = qrv("check bad.qrv missing.qrv class.qrv");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.output.starts_with("sheet: bad.qrv\ntitle: Math - 1\n")) << run.output;
+    EXPECT_NE(run.output.find("it is missing\n\nsheet: class.qrv\n"), std::string::npos);
+    EXPECT_TRUE(run.output.ends_with("whole: yes\n"));
+    EXPECT_EQ(run.problem,
+              "qrv: bad.qrv: record 8: it is missing\n"
+              "qrv: missing.qrv: there is no such file\n");
+}
+
+TEST_F(CheckTest, TheScaleInForceIsShownWithWhereItIsFrom) {
+    const ProgramRun given = qrv("check class.qrv --scale 90,80,70,60,50 --round-up");
+    EXPECT_NE(given.output.find("\nscale: 90,80,70,60,50, each lowered by 0.5 (given)\n"),
+              std::string::npos)
+        << given.output;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <vector>
 
@@ -14,7 +15,8 @@ namespace quorvel {
 namespace {
 
 /// No call takes longer; one that hangs fails its test.
-constexpr const char* timeLimit = "20";
+constexpr const char* timeLimit = "60";
+constexpr std::size_t recordSize = 128;
 
 std::filesystem::path emptyFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "qrv-test-XXXXXX").string();
@@ -91,6 +93,19 @@ void ProgramTest::makeClass() const {
     write("class.csv", classCsv);
     const ProgramRun made = qrv("import class.csv -o class.qrv --title 'Math - 1'");
     ASSERT_EQ(made.exitCode, 0) << made.problem;
+}
+
+void ProgramTest::writeScale(const std::string& file, const std::string& scale) const {
+    const auto record = [](std::string start) {
+        start.resize(recordSize);
+        return start;
+    };
+    std::string records;
+    std::istringstream minimums(scale);
+    for (std::string minimum; std::getline(minimums, minimum, ',');) {
+        records += record({static_cast<char>(std::stoi(minimum)), 0});
+    }
+    write(file, records + record(std::string("\x01\x00\x30", 3)));
 }
 
 testing::AssertionResult isOneLine(const std::string& text, const std::string& start) {

@@ -38,6 +38,8 @@ class ProgramTest : public testing::Test {
 
     /// Makes class.qrv: three students and four assignments with scores of every kind.
     void makeClass() const;
+    /// Writes a grading scale such as "90,80,70,60,50" as the window does, without rounding.
+    void writeScale(const std::string& file, const std::string& scale) const;
 
     const std::filesystem::path& folder() const { return folder_; }
 

@@ -6,34 +6,47 @@ namespace {
 
 class UsageTest : public ProgramTest {};
 
-TEST_F(UsageTest, HelpNamesEveryCommandAndOptionOfAllCommands) {
+TEST_F(UsageTest, HelpNamesEveryCommandAndTheScaleInForce) {
     const ProgramRun run = qrv("--help");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.problem, "");
-    for (const char* text : {"qrv figures", "qrv report", "qrv export", "qrv import", "qrv check",
-                             "--settings", "--scale", "--round-up", "--help"}) {
+    for (const char* text : {"figures", "report", "export", "import", "check", "help",
+                             "Grading scale in force: 94,86,76,70,60 (built in)"}) {
         EXPECT_NE(run.output.find(text), std::string::npos) << text;
     }
+    EXPECT_EQ(qrv("-h").output, run.output);
+    EXPECT_EQ(qrv("help").output, run.output);
 }
 
 TEST_F(UsageTest, EveryCommandHelpsWithItsOwnOptions) {
     const std::pair<const char*, std::vector<const char*>> commands[] = {
-        {"figures", {"--settings", "--scale", "--round-up"}},
+        {"figures", {"--format", "--no-class", "--output", "--damaged"}},
         {"report",
-         {"--student", "--alias", "--school", "--teacher", "--date", "--time", "--settings",
-          "--scale", "--round-up"}},
-        {"export", {"-o", "--settings", "--scale", "--round-up"}},
-        {"import", {"-o", "--title", "--settings", "--scale", "--round-up"}},
-        {"check", {"--settings", "--scale", "--round-up"}}};
+         {"KIND", "--student", "--alias", "--school", "--teacher", "--date", "--time",
+          "--damaged"}},
+        {"export", {"--format", "--spreadsheet", "--output", "--damaged"}},
+        {"import", {"FILE", "--output", "--title"}},
+        {"check", {"--output"}}};
     for (const auto& [command, options] : commands) {
         const ProgramRun run = qrv(std::string(command) + " --help");
         EXPECT_EQ(run.exitCode, 0);
-        EXPECT_TRUE(run.output.starts_with(std::string("Usage: qrv ") + command)) << run.output;
+        EXPECT_NE(run.output.find(std::string("Usage: qrv ") + command), std::string::npos)
+            << run.output;
         for (const char* option : options) {
             EXPECT_NE(run.output.find(option), std::string::npos) << command << option;
         }
-        EXPECT_EQ(qrv(std::string("--help ") + command).output, run.output);
+        for (const char* option : {"--settings", "--scale", "--round-up", "--help",
+                                   "Grading scale in force: 94,86,76,70,60 (built in)"}) {
+            EXPECT_NE(run.output.find(option), std::string::npos) << command << option;
+        }
+        for (const char* words : {"--help ", "-h ", "help "}) {
+            EXPECT_EQ(qrv(words + std::string(command)).output, run.output) << words;
+        }
     }
+}
+
+TEST_F(UsageTest, TellsItsVersion) {
+    EXPECT_EQ(qrv("--version").output, "qrv 2.60\n");
 }
 
 TEST_F(UsageTest, HelpFitsIntoEightyColumns) {
@@ -47,28 +60,31 @@ TEST_F(UsageTest, HelpFitsIntoEightyColumns) {
 TEST_F(UsageTest, WrongCommandLinesAreToldInOneLineWithExitTwo) {
     makeClass();
     const std::pair<const char*, const char*> lines[] = {
-        {"", "a command is missing"},
-        {"grades class.qrv", "there is no command 'grades'"},
+        {"", "a command is missing (see qrv --help)"},
+        {"grades class.qrv", "there is no command 'grades'; the nearest is 'figures'"},
+        {"reprot 1 class.qrv", "there is no command 'reprot'; the nearest is 'report' (see qrv"},
         {"grades --help", "there is no command 'grades'"},
-        {"figures", "figures wants 1 operand"},
-        {"figures a.qrv b.qrv", "figures wants 1 operand"},
-        {"report 1", "report wants 2 operands"},
-        {"report 1 class.qrv x", "report wants 2 operands"},
-        {"export", "export wants 1 operand"},
-        {"import -o out.qrv", "import wants 1 operand"},
-        {"check", "check wants 1 operand"},
-        {"figures class.qrv --nothing", "unknown option --nothing"},
-        {"figures class.qrv -x", "unknown option -x"},
-        {"figures class.qrv --scale", "option --scale wants a value"},
-        {"export class.qrv -o", "option -o wants a value"},
-        {"report 2 class.qrv --t 5PM", "unknown option --t"},
-        {"report 2 class.qrv --s 9,8,7,6,5", "unknown option --s"},
-        {"import class.csv --ti T", "unknown option --ti"},
-        {"report 2 class.qrv --alias=yes", "unknown option --alias=yes"},
-        {"figures class.qrv --alias", "figures has no option --alias"},
-        {"figures class.qrv -o x", "figures has no option --output"},
-        {"check class.qrv --title T", "check has no option --title"},
-        {"export class.qrv --school S", "export has no option --school"}};
+        {"help exprot", "there is no command 'exprot'; the nearest is 'export'"},
+        {"--nothing", "there is no option '--nothing'"},
+        {"figures", "figures: SHEET is required (see qrv figures --help)"},
+        {"report 1", "report: SHEET is required (see qrv report --help)"},
+        {"report class.qrv", "report: KIND: "},
+        {"export", "export: SHEET is required"},
+        {"import -o out.qrv", "import: FILE is required"},
+        {"import a.csv b.csv", "import: there is no use for 'b.csv'"},
+        {"check", "check: SHEET is required"},
+        {"figures class.qrv --scael 90,80,70,60,50",
+         "figures: there is no option '--scael'; the nearest is '--scale' (see qrv figures "
+         "--help)"},
+        {"figures class.qrv -x", "figures: there is no option '-x'"},
+        {"figures class.qrv --scale", "figures: --scale: "},
+        {"figures class.qrv --format xml", "figures: --format: "},
+        {"export class.qrv -o", "export: --output: "},
+        {"report 2 class.qrv --t 5PM", "report: there is no option '--t'"},
+        {"figures class.qrv --alias", "figures: there is no option '--alias'"},
+        {"import class.csv --damaged", "import: there is no option '--damaged'"},
+        {"check class.qrv --title T", "check: there is no option '--title'"},
+        {"export class.qrv --school S", "export: there is no option '--school'"}};
     for (const auto& [words, problem] : lines) {
         const ProgramRun run = qrv(words);
         EXPECT_EQ(run.exitCode, 2) << words;
@@ -80,7 +96,7 @@ TEST_F(UsageTest, WrongCommandLinesAreToldInOneLineWithExitTwo) {
 TEST_F(UsageTest, OptionsMayStandAnywhereAndTheirValuesBehindAnEqualsSign) {
     makeClass();
     const std::string wanted = qrv("figures class.qrv --scale 99,98,97,96,95 --round-up").output;
-    EXPECT_EQ(qrv("--round-up figures --scale=99,98,97,96,95 class.qrv").output, wanted);
+    EXPECT_EQ(qrv("figures --round-up --scale=99,98,97,96,95 class.qrv").output, wanted);
     EXPECT_EQ(qrv("figures --round-up --scale 99,98,97,96,95 -- class.qrv").output, wanted);
 }
 
@@ -91,11 +107,17 @@ TEST_F(UsageTest, NamesOfFilesMayHoldBlanksAndAccents) {
             .exitCode,
         0);
     EXPECT_TRUE(isOneLine(qrv("check 'Se\xC3\xB1or 2.qrv'").problem,
-                          "qrv: Se\xC3\xB1or 2.qrv: cannot be read"));
+                          "qrv: Se\xC3\xB1or 2.qrv: there is no such file"));
+}
+
+TEST_F(UsageTest, AFileMayHaveTheNameOfACommandOrAnOption) {
+    makeClass();
+    EXPECT_EQ(shell("cp class.qrv check; cp class.qrv ./--help; qrv check check").exitCode, 0);
+    EXPECT_EQ(qrv("check -- --help").exitCode, 0);
 }
 
 TEST_F(UsageTest, AProblemIsOneLineEvenWhereANameHasTwo) {
-    EXPECT_TRUE(isOneLine(qrv("check 'a\nb'").problem, "qrv: a b: cannot be read"));
+    EXPECT_TRUE(isOneLine(qrv("check 'a\nb'").problem, "qrv: a b: there is no such file"));
 }
 
 TEST_F(UsageTest, AClosedOrFullStandardOutputIsAnError) {

@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
 """Runs qrv on generated sheets and CSV files and compares every byte with what model.py expects.
 
-    python3 tests/qrv/compare.py --qrv build/native/bin/qrv --count 2000
+    python3 tests/qrv/compare.py --qrv build/native/qrv --count 2000
 
 Sheets are of two kinds: such as the program writes, and hostile ones (odd types, damaged records, cut
-files, wild counts). The last line is `N sheets, N differences`; each difference leaves its input in the
-folder that is named.
+files, wild counts). CSV files are those of sheets, as spreadsheets write them and with something broken.
+The last line is `N sheets, N differences`; each difference leaves its input in the folder that is named.
 """
 
 import argparse
+import json
 import random
 import shutil
 import string
@@ -40,6 +41,9 @@ class Sheets:
         length = self.random.choice([0, 1, 3, 8, 12, 15, 19, 20, 22, 24, 25, 29, 30, 31, 36, 45, 126])
         pool = LETTERS * 3 + ACCENTED + (ODD * 3 if odd else [])
         return bytes(self.random.choice(pool) for _ in range(min(length, longest)))
+
+    def title(self):
+        return self.text(126)
 
     def name(self, longest, odd):
         if self.chance(4):
@@ -157,9 +161,12 @@ class Sheets:
     def options(self):
         """Options for the command line, and what they mean to the model."""
         words, scale, round_up = [], model.DEFAULT_MINIMUMS, False
-        if self.chance(40):
-            scale = tuple(self.random.choice([0, 50, 60, 76, 85, 94, 100, 101, -5]) for _ in range(5))
+        kind = self.random.randrange(10)
+        if kind < 4:
+            scale = tuple(sorted(self.random.sample(range(6, 100), 5), reverse=True))
             words += ["--scale", ",".join(map(str, scale))]
+        elif kind == 4:
+            words += ["--scale", "default"]
         if self.chance(40):
             round_up = True
             words.append("--round-up")
@@ -172,26 +179,58 @@ class Sheets:
             kind = self.random.randrange(9)
             place = self.random.randrange(len(data) + 1)
             if kind == 0:
-                data = data.replace(b"\n", b"\r\n")
+                data = data.replace(b"\n", self.random.choice([b"\r\n", b"\r"]))
             elif kind == 1:
-                data = data.replace(b",", b";")
+                data = data.replace(b",", self.random.choice([b";", b"\t"]))
             elif kind == 2:
-                data = b"\xef\xbb\xbf" + data.removeprefix(b"\xef\xbb\xbf")
+                start = self.random.choice([b"", b"\xef\xbb\xbf", b"sep=;\n", b"sep=,\r\n", b"sep=x\n", b",,\n"])
+                data = start + data.removeprefix(b"\xef\xbb\xbf")
             elif kind == 3:
                 data = data.rstrip(b"\n")
             elif kind == 4:
-                data += b"\n\r\n"
+                data += self.random.choice([b"\n\r\n", b",,,\n,,\n", b";;;\r\n"])
             elif kind == 5:
-                word = self.random.choice([b",", b'"', b"\n", b"x", b"7.5", b"e", b"\xff", "\u20ac\u0107".encode(), b";"])
+                word = self.random.choice([b",", b'"', b"\n", b"\r", b"x", b"7.5", b"e", b"\xff", "\u20ac\u0107".encode(),
+                                           b";", "n\u0303A\u030a".encode(), b"'=", b"\x07", b"%", b" "])
                 data = data[:place] + word + data[place:]
             elif kind == 6:
                 data = data[:place] + data[place + 1 :]
             elif kind == 7:
                 data = data[:place]
             else:
-                score = self.random.choice([b"1e5", b"-3", b"+4.5", b" 7 ", b".5", b"5.", b"e", b"9" * 120, b"A", b"1,5"])
+                score = self.random.choice([b"1e5", b"-3", b"+4.5", b" 7 ", b".5", b"5.", b"e", b"9" * 120, b"A", b"1,5",
+                                            b"32767", b"32768", b"85%", b"7.25"])
                 data = data.replace(b",0", b"," + score, self.random.choice([1, 3]))
+        if self.chance(12):
+            order = self.random.choice(["utf-16-le", "utf-16-be"])
+            mark = b"\xff\xfe" if order == "utf-16-le" else b"\xfe\xff"
+            data = mark + data.decode("utf-8", "replace").encode(order)
+            if self.chance(20):
+                data = data[:-1]
+        elif self.chance(10):
+            data = data.decode("utf-8", "replace").encode("cp1252", "replace")
         return data
+
+    def spreadsheet_csv(self, sheet):
+        """A CSV file of a sheet's as spreadsheets write one: with decimal commas, and empty lines and columns."""
+        separator = self.random.choice([b";", b"\t"])
+        comma = self.chance(70)
+        rows = [[b"Name", b"Alias", *sheet.assignments], [b"Value", b"", *(b"%d" % value for value in sheet.values)]]
+        for s in range(sheet.students):
+            scores = [model.cell_text(sheet.cell(a, s)) for a in range(len(sheet.values))]
+            if comma:
+                scores = [score.replace(b".", b",") for score in scores]
+            rows.append([sheet.names[s], sheet.aliases[s], *scores])
+        wide = self.random.choice([0, 0, 1, 3])
+        lines = []
+        for row in rows:
+            texts = [b'"' + text.replace(b'"', b'""') + b'"' if self.chance(50) and text else text for text in row]
+            while texts and not texts[-1] and self.chance(60):
+                texts.pop()
+            lines.append(separator.join(texts + [b""] * wide))
+        lines += [separator * len(rows[0])] * self.random.choice([0, 1, 4])
+        end = self.random.choice([b"\r\n", b"\n"])
+        return model.utf8(end.join(lines) + end)
 
 
 class Comparison:
@@ -204,31 +243,54 @@ class Comparison:
     def run(self, *words):
         return subprocess.run([self.qrv, *map(str, words)], capture_output=True, timeout=60, check=False)
 
-    def expect(self, words, output, code=0, problem=None):
-        """`problem` is how the line on standard error has to go on behind the program's name."""
-        done = self.run(*words)
-        error = "" if problem is None else f"qrv: {problem}"
-        lines = done.stderr.decode("utf-8", "replace")
-        right_error = lines.startswith(error) and lines.count("\n") == (problem is not None)
-        if (done.stdout, done.returncode) == (output, code) and right_error:
-            return
+    def differ(self, words, text, files):
         self.differences += 1
         keep = self.folder / f"difference-{self.differences}"
         keep.mkdir()
         for file in self.folder.glob("*.*"):
-            shutil.copy(file, keep)
-        (keep / "expected").write_bytes(output)
-        (keep / "came").write_bytes(done.stdout)
+            if file.is_file():
+                shutil.copy(file, keep)
+        for name, data in files.items():
+            (keep / name).write_bytes(data)
         print(f"{keep}: qrv {' '.join(map(str, words))}")
-        print(f"    exit {done.returncode}, expected {code}; {lines.strip()!r}, expected {error!r}")
+        print(f"    {text}")
 
-    def figures_and_reports(self, data, generator, with_reports):
-        sheet = model.load(data)
+    def expect(self, words, output, code=0, problems=()):
+        """Each of the problems is how a line on standard error has to go on behind the program's name."""
+        done = self.run(*words)
+        lines = done.stderr.decode("utf-8", "replace").splitlines()
+        right_problems = len(lines) == len(problems) and all(
+            line.startswith("qrv: " + problem) for line, problem in zip(lines, problems)
+        )
+        if (done.stdout, done.returncode) != (output, code) or not right_problems:
+            text = f"exit {done.returncode}, expected {code}; {lines}, expected {list(problems)}"
+            self.differ(words, text, {"expected": output, "came": done.stdout})
+
+    def figures(self, inputs, generator):
+        """The figures of some files, each with its name, its sheet and its damage."""
+        words, scale, round_up = generator.options()
+        show_damaged = generator.chance(50)
+        form = generator.random.choice(["tsv", "csv", "json"])
+        with_class = generator.chance(70)
+        shown = [
+            (name, sheet, model.Figures(sheet, scale, round_up))
+            for name, sheet, damage in inputs
+            if show_damaged or damage is None
+        ]
+        if form == "json":
+            output = b"".join(model.line(model.figures_json(str(name), *rest)) for name, *rest in shown)
+        else:
+            named = [(str(name).encode(), *rest) for name, *rest in shown]
+            output = model.figures_table(named, form, with_class, len(inputs) > 1)
+        words += ["--format", form] if form != "tsv" or generator.chance(30) else []
+        words += ["--damaged"] if show_damaged else []
+        words += [] if with_class else ["--no-class"]
+        problems = [f"{name}: record {damage[0]}: {damage[1]}" for name, _, damage in inputs if damage]
+        self.expect(["figures", *[name for name, *_ in inputs], *words], output, int(bool(problems)), problems)
+
+    def reports(self, sheet, generator):
         words, scale, round_up = generator.options()
         figures = model.Figures(sheet, scale, round_up)
-        self.expect(["figures", self.sheet, *words], model.figures_table(sheet, figures))
-        if not with_reports:
-            return
         school, teacher = generator.text(126), generator.text(126)
         date = generator.random.choice([b"3/4/2026", b"Wednesday, 4 March 2026"])
         names = ["--school", model.utf8(school).decode(), "--teacher", model.utf8(teacher).decode()]
@@ -241,49 +303,55 @@ class Comparison:
             report = model.Report(sheet, figures, school, teacher, date, b"2:15:07 PM", student, aliases)
             command = ["report", kind, self.sheet, *names, *(["--student", student] if kind == 3 else [])]
             if kind != 4 and not sheet.students:
-                self.expect(command, b"", 1, f"{self.sheet}: there are no students")
+                self.expect(command, b"", 1, [f"{self.sheet}: there are no students"])
                 continue
             try:
                 self.expect(command, report.make(kind))
             except model.Stopped:
-                self.expect(command, b"", 3, f"{self.sheet}: Division by zero")
+                self.expect(command, b"", 3, [f"{self.sheet}: Division by zero"])
 
     def check(self, data):
         output, damage = model.check(data)
-        if damage is None:
-            self.expect(["check", self.sheet], output)
-        else:
-            self.expect(["check", self.sheet], output, 1, f"{self.sheet}: record {damage[0]}: {damage[1]}")
+        problems = [f"{self.sheet}: record {damage[0]}: {damage[1]}"] if damage else []
+        self.expect(["check", self.sheet], output, len(problems), problems)
+        return damage
 
-    def import_csv(self, data, title):
-        source, target = self.folder / "class.csv", self.folder / "imported.qrv"
+    def expect_import(self, name, data, options, expected, problems):
+        source, target = self.folder / name, self.folder / "imported.qrv"
         source.write_bytes(data)
         target.unlink(missing_ok=True)
-        words = ["import", source, "-o", target, "--title", model.utf8(title).decode()]
-        try:
-            expected = model.save(model.from_csv(data, title))
-        except model.Refused as place:
-            self.expect(words, b"", 1, f"{source}: line {place.line}, column {place.column}: ")
-            expected = None
-        else:
-            self.expect(words, b"")
+        words = ["import", source, "-o", target, *options]
+        self.expect(words, b"", int(expected is None), [f"{source}: {problem}" for problem in problems])
         came = target.read_bytes() if target.exists() else None
         if came != expected:
-            self.differences += 1
-            keep = self.folder / f"difference-{self.differences}"
-            keep.mkdir()
-            shutil.copy(source, keep)
-            (keep / "expected").write_bytes(expected or b"")
-            (keep / "came").write_bytes(came or b"")
-            print(f"{keep}: the imported sheet's bytes")
+            self.differ(words, "the imported sheet's bytes", {"expected": expected or b"", "came": came or b""})
+
+    def import_csv(self, data, title):
+        read = model.CsvImport(data)
+        places, warning = (read.mistakes, "") if read.mistakes else (read.warnings, "warning: ")
+        problems = [f"line {line}, column {column}: {warning}" for line, column in places[:20]]
+        if len(places) > 20:
+            problems.append(f"{warning}and {len(places) - 20} more")
+        read.sheet.title = title
+        expected = None if read.mistakes else model.save(read.sheet)
+        self.expect_import("class.csv", data, ["--title", model.utf8(title).decode()], expected, problems)
+
+    def import_json(self, sheet):
+        whole = model.sheet_json("class.qrv", sheet)
+        again = model.from_json(whole)
+        if again is not None and not any(len(alias) > 15 for alias in sheet.aliases) and not any(
+            len(name) > 20 for name in sheet.assignments
+        ):
+            data = json.dumps(whole, ensure_ascii=bool(sheet.students % 2), indent=sheet.students % 3 or None)
+            self.expect_import("class.json", data.encode(), [], model.save(again), [])
 
     def one(self, generator):
         hostile = generator.chance(50)
         if hostile and generator.chance(8):
             data = generator.wild_counts()
             self.sheet.write_bytes(data)
-            self.figures_and_reports(data, generator, with_reports=False)
-            self.check(data)
+            damage = self.check(data)
+            self.figures([(self.sheet, model.load(data), damage)], generator)
             return
         sheet = generator.sheet(hostile)
         data = model.save(sheet)
@@ -291,14 +359,26 @@ class Comparison:
             data = generator.damaged(data)
         self.sheet.write_bytes(data)
         sheet = model.load(data)
+        damage = self.check(data)
+        inputs = [(self.sheet, sheet, damage)]
+        for number in range(generator.random.choice([0, 0, 1, 2])):
+            other = generator.sheet(hostile=False)
+            name = self.folder / f"other {number}.qrv"
+            name.write_bytes(model.save(other))
+            inputs.insert(generator.random.randrange(2), (name, other, None))
+        self.figures(inputs, generator)
         small = sheet.students * len(sheet.values) < 20000 and sheet.students < 500
-        self.figures_and_reports(data, generator, small)
-        self.check(data)
-        if small:
-            self.expect(["export", self.sheet], model.to_csv(sheet))
-            title = generator.text(126)
-            self.import_csv(model.to_csv(sheet), title)
-            self.import_csv(generator.csv(sheet), title)
+        if damage or not small:
+            return
+        self.reports(sheet, generator)
+        self.expect(["export", self.sheet], model.to_csv(sheet))
+        self.expect(["export", self.sheet, "--spreadsheet"], model.to_csv(sheet, for_spreadsheet=True))
+        self.expect(["export", self.sheet, "--format", "json"], model.line(model.sheet_json(str(self.sheet), sheet)))
+        title = generator.title()
+        self.import_csv(model.to_csv(sheet, for_spreadsheet=generator.chance(50)), title)
+        self.import_csv(generator.csv(sheet), title)
+        self.import_csv(generator.spreadsheet_csv(sheet), title)
+        self.import_json(sheet)
 
 
 def main():

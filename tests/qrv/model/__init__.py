@@ -5,8 +5,9 @@ a line with the program.
 """
 
 from .check import check
-from .csv import Refused, from_csv, to_csv
+from .csv import CsvImport, to_csv
 from .figures import DEFAULT_MINIMUMS, Figures, figures_table
 from .files import CELL_TEXT, RECORD, Sheet, load, put_cell, save
+from .json_form import figures_json, from_json, line, sheet_json
 from .reports import Report, Stopped
-from .texts import utf8
+from .texts import cell_text, utf8

@@ -2,8 +2,8 @@
 
 import math
 
-from .files import CELL_TEXT, FIELD_TEXT, MOST, count_of, cut_records, tagged_in, whole
-from .texts import LEADING_NUMBER, cell_text
+from .files import CELL_TEXT, FIELD_TEXT, MOST, count_of, cut_records, tagged_in, text_in, whole
+from .texts import LEADING_NUMBER, cell_text, one_line, utf8
 
 
 def bad_text(record, start, longest):
@@ -42,7 +42,7 @@ def bad_count(record):
     return None
 
 
-def check(data):
+def check(data, scale="94,86,76,70,60 (built in)"):
     """The lines of standard output, and the damage as (record, reason) or None."""
     records = cut_records(data)
     counts = [None, None]
@@ -78,11 +78,14 @@ def check(data):
     def shown(number):
         return "unknown" if number is None else str(number)
 
+    title = b"" if damage and damage[0] < 3 else text_in(records[2]) or b""
     lines = [
+        "title: " + utf8(one_line(title)).decode(),
         "students: " + shown(counts[0]),
         "assignments: " + shown(counts[1]),
         "records wanted: " + shown(wanted),
         f"records present: {len(records)}",
+        "scale: " + scale,
         "whole: " + ("no" if damage else "yes"),
     ]
     if damage:

@@ -1,136 +1,262 @@
 """Sheets as CSV and back."""
 
 import re
+import unicodedata
 
-from .files import CELL_TEXT, FIELD_TEXT, Sheet
-from .texts import cell_text, entered, from_utf8, number_in, utf8
+from .files import CELL_TEXT, FIELD_TEXT, MOST, Sheet
+from .texts import FROM_UNICODE, TO_UNICODE, cell_text, entered, number_in, utf8
+
+BYTE_ORDER_MARK = b"\xef\xbb\xbf"
+HIGHEST_SCORE = 32767
 
 
 class Refused(Exception):
-    """A CSV file that is no sheet, with the place where that shows."""
+    """A CSV file that cannot be made out at all, with the place where that shows."""
 
     def __init__(self, line, column):
         super().__init__(line, column)
-        self.line = line
-        self.column = column
+        self.place = (line, column)
 
 
-def csv_field(text):
-    if re.search(rb'[,"\r\n]', text):
-        return b'"' + text.replace(b'"', b'""') + b'"'
-    return text
+FORMULA = rb"[=+\-@\x00-\x1f\x7f]"
 
 
-def to_csv(sheet):
-    rows = [[b"Name", b"Alias", *sheet.assignments], [b"Value", b"", *(b"%d" % value for value in sheet.values)]]
+def guarded(text, for_spreadsheet):
+    """A text that a spreadsheet would compute, or that looks guarded already, behind an apostrophe."""
+    pattern = rb"'*" + FORMULA if for_spreadsheet else rb"'+" + FORMULA
+    return b"'" + text if re.match(pattern, text) else text
+
+
+def csv_row(fields):
+    quoted = [
+        b'"' + text.replace(b'"', b'""') + b'"' if re.search(rb'[,"\r\n]', text) else text for text in fields
+    ]
+    if not any(quoted):
+        quoted[0] = b'""'
+    return b",".join(quoted)
+
+
+def to_csv(sheet, for_spreadsheet=False):
+    names = [guarded(name, for_spreadsheet) for name in sheet.assignments]
+    rows = [[b"Name", b"Alias", *names], [b"Value", b"", *(b"%d" % value for value in sheet.values)]]
     for s in range(sheet.students):
         scores = [cell_text(sheet.cell(a, s)) for a in range(len(sheet.values))]
-        rows.append([sheet.names[s], sheet.aliases[s], *scores])
-    return utf8(b"".join(b",".join(map(csv_field, row)) + b"\n" for row in rows))
+        scores = [text if NUMBER.fullmatch(text) else guarded(text, for_spreadsheet) for text in scores]
+        texts = [guarded(text, for_spreadsheet) for text in (sheet.names[s], sheet.aliases[s])]
+        rows.append(texts + scores)
+    mark = BYTE_ORDER_MARK if for_spreadsheet else b""
+    return mark + utf8(b"".join(csv_row(row) + b"\n" for row in rows))
 
 
-QUOTED = re.compile(rb'"((?:[^"]|"")*)"')
+def decoded(data):
+    for mark, encoding in ((b"\xff\xfe", "utf-16-le"), (b"\xfe\xff", "utf-16-be")):
+        if data.startswith(mark):
+            return data[2:].decode(encoding, "replace")
+    try:
+        return data.removeprefix(BYTE_ORDER_MARK).decode("utf-8")
+    except UnicodeDecodeError:
+        return "".join(TO_UNICODE[byte] for byte in data.removeprefix(BYTE_ORDER_MARK))
 
 
-def csv_rows(data):
-    """Rows of (text, line, column). The separator is whichever of , and ; comes first outside quotes."""
-    if data.startswith(b"\xef\xbb\xbf"):
-        data = data[3:]
-    outside = re.sub(rb'(?:(?<=^)|(?<=[,;\n]))"(?:[^"]|"")*"', b"", data)
-    found = re.search(rb"[,;]", outside)
-    separator = found.group() if found else b","
-    plain = re.compile(rb"(?:(?!\r\n)[^\n" + separator + rb"])*")
-    end = re.compile(rb"\r?\n|\Z")
-    rows, row, at, line = [], [], 0, 1
-    while at < len(data) or row:
+class Field:
+    def __init__(self, text, line, column, quoted=False):
+        self.text = text
+        self.place = (line, column)
+        self.blank = not text and not quoted
+
+
+QUOTED = re.compile(r'"((?:[^"]|"")*)"')
+LINE_END = re.compile(r"\r\n|\n|\r|\Z")
+
+
+def line_ends(text):
+    return len(re.findall(r"\r\n|\n|\r", text))
+
+
+def csv_rows(text):
+    """The rows that are not blank, and the separator: whichever comes first outside quotes."""
+    line = 1
+    at = 0
+    if text.startswith("sep="):
+        named = re.match(r"sep=([,;\t])(\r\n|\n|\r|\Z)", text)
+        if not named:
+            raise Refused(1, 1)
+        separator, at, line = named.group(1), named.end(), 1 + line_ends(named.group())
+    else:
+        outside = re.sub(r'(?:(?<=^)|(?<=[,;\t\r\n]))"(?:[^"]|"")*"', "", text)
+        found = re.search(r"[,;\t]", outside)
+        separator = found.group() if found else ","
+    plain = re.compile("[^\r\n" + separator + "]*")
+    rows, row = [], []
+    while at < len(text) or row:
         column = len(row) + 1
-        if data[at : at + 1] == b'"':
-            quoted = QUOTED.match(data, at)
+        if text[at : at + 1] == '"':
+            quoted = QUOTED.match(text, at)
             if not quoted:
                 raise Refused(line, column)
-            row.append((quoted.group(1).replace(b'""', b'"'), line, column))
-            line += quoted.group().count(b"\n")
+            row.append(Field(quoted.group(1).replace('""', '"'), line, column, quoted=True))
             at = quoted.end()
-            if data[at : at + 1] != separator and not end.match(data, at):
-                raise Refused(row[-1][1], column)
+            if text[at : at + 1] != separator and not LINE_END.match(text, at):
+                raise Refused(line, column)
+            line += line_ends(quoted.group())
         else:
-            text = plain.match(data, at)
-            row.append((text.group(), line, column))
-            at = text.end()
-        if data[at : at + 1] == separator:
+            found = plain.match(text, at)
+            row.append(Field(found.group(), line, column))
+            at = found.end()
+        if text[at : at + 1] == separator:
             at += 1
-            continue
-        is_empty_line = len(row) == 1 and row[0][0] == b"" and data[at - 1 : at] != b'"'
-        if not is_empty_line:
+            if at < len(text):
+                continue
+            row.append(Field("", line, column + 1))
+        if not all(field.blank for field in row):
             rows.append(row)
         row = []
         line += 1
-        at = end.match(data, at).end()
-    return rows
+        at = LINE_END.match(text, at).end()
+    return rows, separator
 
 
 NUMBER = re.compile(rb"[+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)")
 
 
-def read_text(field):
-    text = from_utf8(field[0])
-    if text is None or len(text) > FIELD_TEXT:
-        raise Refused(*field[1:])
-    return text
+class Mistake(Exception):
+    """A field that a sheet cannot take."""
 
 
-def read_value(field):
-    text = field[0].strip(b" \t")
+def in_page(text):
+    if all(char in FROM_UNICODE for char in text):
+        return bytes(FROM_UNICODE[char] for char in text)
+    return None
+
+
+def composed(text):
+    result = ""
+    for char in text:
+        whole = unicodedata.normalize("NFC", result[-1:] + char)
+        is_mark = unicodedata.combining(char) != 0
+        if result and is_mark and len(whole) == 1 and whole in FROM_UNICODE:
+            result = result[:-1] + whole
+        else:
+            result += char
+    return result
+
+
+def read_text(text):
+    data = in_page(text)
+    if data is None:
+        data = in_page(composed(text))
+    if data is None or re.search(rb"[\x00-\x1f\x7f]", data) or len(data) > FIELD_TEXT:
+        raise Mistake
+    return data
+
+
+def without_guard(text):
+    return text[1:] if re.match(r"'+[=+\-@\x00-\x1f\x7f]", text) else text
+
+
+def read_value(text):
     if not NUMBER.fullmatch(text):
-        raise Refused(*field[1:])
+        raise Mistake
     value = number_in(text)
     if value.denominator != 1 or not 0 <= value <= 999:
-        raise Refused(*field[1:])
+        raise Mistake
     return int(value)
 
 
-def read_score(field):
-    text = field[0].strip(b" \t")
+def read_score(text):
     if not text:
         return None
     if text in (b"E", b"e"):
         return b"E"
     if not NUMBER.fullmatch(text) or len(text) > CELL_TEXT:
-        raise Refused(*field[1:])
+        raise Mistake
     score = entered(text)
-    if len(score) > CELL_TEXT:
-        raise Refused(*field[1:])
+    if len(score) > CELL_TEXT or number_in(score) > HIGHEST_SCORE:
+        raise Mistake
     return score
 
 
-def from_csv(data, title=b""):
-    rows = csv_rows(data)
-    if not rows or len(rows[0]) < 2:
-        raise Refused(1, 1)
-    heading = rows[0]
+class CsvImport:
+    """Reads a CSV file; what a sheet cannot take is in `mistakes`, as places in the order of their finding."""
 
-    def require(field, wanted):
-        if field[0].upper() != wanted:
-            raise Refused(*field[1:])
+    def __init__(self, data):
+        self.text = decoded(data)
+        self.mistakes = []
+        self.warnings = []
+        self.mark = None
+        self.sheet = Sheet()
+        try:
+            self.read()
+        except Refused as refused:
+            self.mistakes.append(refused.place)
 
-    require(heading[0], b"NAME")
-    require(heading[1], b"ALIAS")
-    if len(rows) < 2:
-        raise Refused(heading[0][1] + 1, 1)
-    require(rows[1][0], b"VALUE")
-    for row in rows:
-        if len(row) != len(heading):
-            raise Refused(row[0][1], min(len(row), len(heading)) + 1)
-    require(rows[1][1], b"")
-    sheet = Sheet()
-    sheet.title = title
-    sheet.assignments = [read_text(field) for field in heading[2:]]
-    sheet.values = [read_value(field) for field in rows[1][2:]]
-    for s, row in enumerate(rows[2:]):
-        sheet.names.append(read_text(row[0]))
-        sheet.aliases.append(read_text(row[1]))
-        for a, field in enumerate(row[2:]):
-            score = read_score(field)
-            if score is not None:
-                sheet.cells[a, s] = score
-    return sheet
+    def take(self, field, rule):
+        try:
+            return rule(field.text)
+        except Mistake:
+            self.mistakes.append(field.place)
+            return None
+
+    def name(self, field, usual=None):
+        data = self.take(field, lambda text: read_text(without_guard(text)))
+        if data is not None and usual is not None and len(data) > usual:
+            self.warnings.append(field.place)
+        return data
+
+    def number(self, text):
+        try:
+            data = text.encode("ascii")
+        except UnicodeEncodeError:
+            raise Mistake from None
+        marks = b"." if self.separator == "," else b".,"
+        found = re.search(b"[" + marks + b"]", data)
+        if not found:
+            return data
+        data = data[: found.start()] + b"." + data[found.end() :]
+        if NUMBER.fullmatch(data):
+            if self.mark not in (None, found.group()):
+                raise Mistake
+            self.mark = found.group()
+        return data
+
+    def read(self):
+        rows, self.separator = csv_rows(self.text)
+
+        def field(row, column):
+            return row[column] if column < len(row) else Field("", row[0].place[0], column + 1)
+
+        def require(row, column, wanted):
+            found = field(row, column)
+            if found.text.upper() != wanted or not found.text.isascii():
+                raise Refused(*found.place)
+
+        if not rows:
+            raise Refused(1, 1)
+        require(rows[0], 0, "NAME")
+        require(rows[0], 1, "ALIAS")
+        if len(rows) < 2:
+            raise Refused(rows[0][0].place[0] + 1, 1)
+        require(rows[1], 0, "VALUE")
+        named = len(rows[0])
+        columns = [c for c in range(2, named) if any(c < len(row) and not row[c].blank for row in rows)]
+        if len(columns) > MOST:
+            raise Refused(*rows[0][columns[MOST]].place)
+        if not field(rows[1], 1).blank:
+            self.mistakes.append(rows[1][1].place)
+        for row in rows:
+            self.mistakes += [extra.place for extra in row[named:] if not extra.blank]
+        if len(rows[-1]) < named and not self.text.endswith(("\r", "\n")):
+            self.mistakes.append((rows[-1][0].place[0], len(rows[-1]) + 1))
+        if len(rows) - 2 > MOST:
+            raise Refused(*rows[2 + MOST][0].place)
+        for column in columns:
+            self.sheet.assignments.append(self.name(field(rows[0], column), 20))
+            value = self.take(field(rows[1], column), lambda text: read_value(self.number(text)))
+            self.sheet.values.append(value)
+        for s, row in enumerate(rows[2:]):
+            self.sheet.names.append(self.name(field(row, 0)))
+            self.sheet.aliases.append(self.name(field(row, 1), 15))
+            for a, column in enumerate(columns):
+                found = field(row, column)
+                if found.text:
+                    self.sheet.cells[a, s] = self.take(found, lambda text: read_score(self.number(text)))

@@ -2,6 +2,7 @@
 
 from fractions import Fraction
 
+from .csv import csv_row
 from .texts import cell_number, cut, flat, half_even, is_excused, tenths, utf8
 
 DEFAULT_MINIMUMS = (94, 86, 76, 70, 60)
@@ -48,21 +49,33 @@ class Figures:
         return grade
 
 
-def figures_table(sheet, figures):
-    rows = [[b"number", b"name", b"alias", b"earned", b"possible", b"percentage", b"letter", b"rank"]]
+HEADING = [b"number", b"name", b"alias", b"earned", b"possible", b"percentage", b"letter", b"rank"]
+
+
+def student_rows(sheet, figures):
     for s in range(sheet.students):
-        rows.append(
-            [
-                b"%d" % (s + 1),
-                flat(sheet.names[s]),
-                flat(sheet.aliases[s]),
-                b"%d" % figures.earned[s],
-                b"%d" % figures.possible[s],
-                tenths(figures.percent[s]),
-                figures.letter(figures.percent[s]),
-                b"%d" % figures.rank[s],
-            ]
-        )
-    if sheet.students:
-        rows.append([b"class", tenths(figures.average), figures.letter(figures.average)])
-    return utf8(b"".join(b"\t".join(row) + b"\n" for row in rows))
+        yield [
+            b"%d" % (s + 1),
+            sheet.names[s],
+            sheet.aliases[s],
+            b"%d" % figures.earned[s],
+            b"%d" % figures.possible[s],
+            tenths(figures.percent[s]),
+            figures.letter(figures.percent[s]),
+            b"%d" % figures.rank[s],
+        ]
+
+
+def figures_table(sheets, form="tsv", with_class=True, several=False):
+    """A table of (name, sheet, figures), the name first in each row where there are several."""
+    rows = [([b"sheet"] if several else []) + HEADING]
+    for name, sheet, figures in sheets:
+        start = [name] if several else []
+        rows += [start + row for row in student_rows(sheet, figures)]
+        if form == "tsv" and with_class and sheet.students:
+            rows.append(start + [b"class", tenths(figures.average), figures.letter(figures.average)])
+    if not sheets:
+        return b""
+    if form == "tsv":
+        return utf8(b"".join(b"\t".join(map(flat, row)) + b"\n" for row in rows))
+    return utf8(b"".join(csv_row(row) + b"\r\n" for row in rows))

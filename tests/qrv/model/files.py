@@ -50,10 +50,29 @@ class Sheet:
         self.assignments = []
         self.values = []
         self.cells = {}
+        # Whether the file holds the counts; None where that follows from there being any.
+        self.has_students = None
+        self.has_assignments = None
 
     @property
     def students(self):
         return len(self.names)
+
+    @property
+    def students_set(self):
+        return bool(self.names) if self.has_students is None else self.has_students
+
+    @students_set.setter
+    def students_set(self, is_set):
+        self.has_students = is_set
+
+    @property
+    def assignments_set(self):
+        return bool(self.values) if self.has_assignments is None else self.has_assignments
+
+    @assignments_set.setter
+    def assignments_set(self, is_set):
+        self.has_assignments = is_set
 
     def cell(self, assignment, student):
         return self.cells.get((assignment, student))
@@ -73,6 +92,8 @@ def load(data):
         return records[index] if index < len(records) else b""
 
     sheet = Sheet()
+    sheet.students_set = tagged_in(record(0)) is not None
+    sheet.assignments_set = tagged_in(record(1)) is not None
     students = count_of(tagged_in(record(0)))
     assignments = count_of(tagged_in(record(1)))
     sheet.title = text_in(record(2)) or b""
@@ -108,8 +129,9 @@ def put_cell(cell):
 
 
 def save(sheet):
-    """A count of 0 is one that was never set."""
-    parts = [put_cell(("i", count) if count else None) for count in (sheet.students, len(sheet.values))]
+    """A count that was never set is empty."""
+    parts = [put_cell(("i", sheet.students) if sheet.students_set else None)]
+    parts.append(put_cell(("i", len(sheet.values)) if sheet.assignments_set else None))
     parts.append(put_text(sheet.title))
     for assignment in range(len(sheet.values)):
         parts += [put_cell(sheet.cell(assignment, student)) for student in range(sheet.students)]

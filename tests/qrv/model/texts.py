@@ -22,17 +22,14 @@ def utf8(data):
     return "".join(TO_UNICODE[byte] for byte in data).encode("utf-8")
 
 
-def from_utf8(data):
-    """The bytes in the code page; None where a character is missing there or the text is no UTF-8."""
-    try:
-        return bytes(FROM_UNICODE[char] for char in data.decode("utf-8"))
-    except (UnicodeDecodeError, KeyError):
-        return None
-
-
 def flat(data):
     """Without tabs, line breaks and form feeds."""
     return re.sub(rb"[\t-\r]", b" ", data)
+
+
+def one_line(data):
+    """Without control characters."""
+    return re.sub(rb"[\x00-\x1f\x7f]", b" ", data)
 
 
 LEADING_NUMBER = re.compile(rb"[ \t]*([+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+))")

@@ -1,0 +1,75 @@
+#include "qrv/Composition.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "core/Utf8.h"
+
+namespace quorvel {
+
+namespace {
+
+/// A combining mark, the letters that take it, and what each of them becomes.
+struct Mark {
+    char32_t mark;
+    std::u32string_view letters;
+    std::u32string_view composed;
+};
+
+/// Every pair whose composition is in one of Windows' single-byte code pages.
+constexpr std::array<Mark, 17> marks{{
+    {0x0300, U"AEIOUaeiou", U"ÀÈÌÒÙàèìòù"},
+    {0x0301, U"ACEILNORSUYZaceilnorsuyz¨ΑΕΗΙΟΥΩαεηιουωϊϋГКгк",
+     U"ÁĆÉÍĹŃÓŔŚÚÝŹáćéíĺńóŕśúýź΅ΆΈΉΊΌΎΏάέήίόύώΐΰЃЌѓќ"},
+    {0x0302, U"AEIOUaeiou", U"ÂÊÎÔÛâêîôû"},
+    {0x0303, U"ANOano", U"ÃÑÕãñõ"},
+    {0x0304, U"AEIOUaeiou", U"ĀĒĪŌŪāēīōū"},
+    {0x0306, U"AGagИУиу", U"ĂĞăğЙЎйў"},
+    {0x0307, U"EIZez", U"ĖİŻėż"},
+    {0x0308, U"AEIOUYaeiouyΙΥιυІЕеі", U"ÄËÏÖÜŸäëïöüÿΪΫϊϋЇЁёї"},
+    {0x030A, U"AUau", U"ÅŮåů"},
+    {0x030B, U"OUou", U"ŐŰőű"},
+    {0x030C, U"CDELNRSTZcdelnrstz", U"ČĎĚĽŇŘŠŤŽčďěľňřšťž"},
+    {0x031B, U"OUou", U"ƠƯơư"},
+    {0x0327, U"CGKLNRSTcgklnrst", U"ÇĢĶĻŅŖŞŢçģķļņŗşţ"},
+    {0x0328, U"AEIUaeiu", U"ĄĘĮŲąęįų"},
+    {0x0653, U"\u0627", U"\u0622"},
+    {0x0654, U"\u0627\u0648\u064A", U"\u0623\u0624\u0626"},
+    {0x0655, U"\u0627", U"\u0625"},
+}};
+
+std::optional<char32_t> composition(char32_t letter, char32_t mark) {
+    const auto row = std::ranges::find(marks, mark, &Mark::mark);
+    if (row == marks.end()) return std::nullopt;
+    const std::size_t place = row->letters.find(letter);
+    if (place == std::u32string_view::npos) return std::nullopt;
+    return row->composed[place];
+}
+
+}  // namespace
+
+std::string composed(std::string_view text) {
+    std::string result;
+    std::optional<char32_t> held;  // may still take a mark
+    const auto release = [&] {
+        if (held) appendUtf8(result, *held);
+        held.reset();
+    };
+    while (!text.empty()) {
+        const char front = text.front();
+        const std::optional<char32_t> character = takeUtf8(text);
+        if (!character) {
+            release();
+            result += front;
+            continue;
+        }
+        const auto whole = held ? composition(*held, *character) : std::nullopt;
+        if (!whole) release();
+        held = whole ? whole : character;
+    }
+    release();
+    return result;
+}
+
+}  // namespace quorvel

@@ -50,25 +50,20 @@ std::optional<char32_t> composition(char32_t letter, char32_t mark) {
 }  // namespace
 
 std::string composed(std::string_view text) {
-    std::string result;
-    std::optional<char32_t> held;  // may still take a mark
-    const auto release = [&] {
-        if (held) appendUtf8(result, *held);
-        held.reset();
-    };
+    constexpr char32_t replacement = 0xFFFD;
+    std::u32string characters;
     while (!text.empty()) {
-        const char front = text.front();
-        const std::optional<char32_t> character = takeUtf8(text);
-        if (!character) {
-            release();
-            result += front;
-            continue;
+        const char32_t next = takeUtf8(text).value_or(replacement);
+        const auto together =
+            characters.empty() ? std::nullopt : composition(characters.back(), next);
+        if (together) {
+            characters.back() = *together;
+        } else {
+            characters += next;
         }
-        const auto whole = held ? composition(*held, *character) : std::nullopt;
-        if (!whole) release();
-        held = whole ? whole : character;
     }
-    release();
+    std::string result;
+    for (const char32_t character : characters) appendUtf8(result, character);
     return result;
 }
 

@@ -11,6 +11,13 @@ constexpr std::string_view separators = ",;\t";
 /// The line with which some spreadsheets name the separator of those behind it.
 constexpr std::string_view separatorLine = "sep=";
 
+/// Some spreadsheets quote every field, so only quotes that not all fields have are a sign.
+bool isWithoutContent(const CsvRow& row) {
+    return std::ranges::all_of(row, [&row](const CsvField& field) {
+        return field.text.empty() && field.quoted == row.front().quoted;
+    });
+}
+
 class CsvReader {
   public:
     explicit CsvReader(std::string_view text) : rest_(text) {
@@ -21,8 +28,7 @@ class CsvReader {
         if (rest_.starts_with(separatorLine)) readSeparatorLine();
         while (!rest_.empty()) {
             CsvRow row = readRow();
-            if (!std::ranges::all_of(row, &CsvField::isBlank))
-                table_.rows.push_back(std::move(row));
+            if (!isWithoutContent(row)) table_.rows.push_back(std::move(row));
         }
         if (separator_ != 0) table_.separator = separator_;
         return std::move(table_);

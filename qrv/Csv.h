@@ -20,15 +20,13 @@ struct CsvField {
     std::string text;
     CsvPlace place;
     bool quoted = false;
-
-    /// What a spreadsheet writes for a cell without content; an empty text in quotes is content.
-    bool isBlank() const { return text.empty() && !quoted; }
 };
 
 using CsvRow = std::vector<CsvField>;
 
 struct CsvTable {
-    /// Rows of only blank fields are left out.
+    /// Rows without any content are left out, unless quotes tell that an empty first field is
+    /// meant.
     std::vector<CsvRow> rows;
     char separator = ',';
     /// False where the file breaks off within its last row.
@@ -51,8 +49,8 @@ class CsvError : public std::runtime_error {
 /// a quoted field that does not end properly and a "sep=" that names another separator.
 CsvTable readCsv(std::string_view text);
 
-/// Adds one row to `csv`, in quotes what needs them. A row that would be of blank fields only gets
-/// a quoted one, so that it stays a row.
+/// Adds one row to `csv`, in quotes what needs them. Where all fields are empty the first one is in
+/// quotes, so that it stays a row.
 void appendCsvRow(std::string& csv, const std::vector<std::string>& fields,
                   std::string_view lineEnd = "\n");
 

@@ -88,6 +88,9 @@ std::vector<std::string> filesMatching(const std::string& name, Files& files) {
 std::unique_ptr<InputFile> openInput(const std::string& name, Environment& environment) {
     if (name == standardStream) return std::make_unique<StandardInput>();
     const std::filesystem::path path = pathOf(name);
+    if (environment.expandsWildcards && name.find_first_of("*?") != std::string::npos) {
+        throw InputError(name + ": there is no such file");
+    }
     Files::Opened opened = environment.files.openForReading(path);
     if (opened.problem == FileProblem::InUse) {
         patiently(environment.files, [&] {

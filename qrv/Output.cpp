@@ -72,8 +72,11 @@ std::filesystem::file_type typeOf(const std::string& name) {
     return std::filesystem::status(pathOf(name), error).type();
 }
 
-bool isDevice(std::filesystem::file_type type) {
+bool isDevice(const std::string& name) {
     using enum std::filesystem::file_type;
+    // What names such as NUL come to, which are no files to Windows.
+    if (utf8Of(pathOf(name)).starts_with(R"(\\.\)")) return true;
+    const auto type = typeOf(name);
     return type != regular && type != not_found && type != none;
 }
 
@@ -99,8 +102,7 @@ void TextWriter::handOn() {
 void writeResult(const std::optional<std::string>& name, Environment& environment,
                  const WriteResult& write) {
     if (name.value_or(standardStream) == standardStream) return writeToStandardOutput(write);
-    const auto type = typeOf(*name);
-    if (type == std::filesystem::file_type::directory) {
+    if (isFolder(name)) {
         throw OutputError(*name + ": it is a folder, no file");
     }
     auto outcome = Outcome::Failed;
@@ -109,7 +111,7 @@ void writeResult(const std::optional<std::string>& name, Environment& environmen
         outcome = write(file);
         return outcome == Outcome::Written;
     };
-    if (isDevice(type)) {
+    if (isDevice(*name)) {
         Device device(pathOf(*name));
         inPlace = content(device) && device.flush();
     } else {

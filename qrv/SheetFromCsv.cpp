@@ -33,7 +33,7 @@ Cell cellAt(const CsvRow& row, std::size_t column) {
 }
 
 bool hasContent(const CsvRow& row, std::size_t column) {
-    return column < row.size() && !row[column].isBlank();
+    return column < row.size() && !row[column].text.empty();
 }
 
 class CsvSheetReader {
@@ -87,7 +87,7 @@ class CsvSheetReader {
         std::vector<bool> filled(width, false);
         for (const CsvRow& row : table_.rows) {
             for (std::size_t column = 0; column < row.size(); ++column) {
-                if (!row[column].isBlank()) filled[column] = true;
+                if (hasContent(row, column)) filled[column] = true;
             }
         }
         const std::size_t named = table_.rows[0].size();

@@ -125,6 +125,10 @@ TEST(SheetFromCsvTest, LinesAndColumnsWithoutContentAreLeftOut) {
         plain);
     EXPECT_EQ(imported("Name,Alias\nValue,\n\"\",\n"), "Name,Alias\nValue,\n\"\",\n")
         << "an empty name in quotes is a student's";
+    EXPECT_EQ(imported("\"Name\",\"Alias\",\"Quiz\",\"\"\n\"Value\",\"\",\"20\",\"\"\n"
+                       "\"Doe, Jane\",\"J\",\"5\",\"\"\n\"\",\"\",\"\",\"\"\n"),
+              plain)
+        << "quotes around every field tell nothing";
     EXPECT_EQ(imported("Name,Alias,,Quiz\nValue,,5,20\nDoe,J,,5\n"),
               "Name,Alias,,Quiz\nValue,,5,20\nDoe,J,,5\n")
         << "an assignment without a name";

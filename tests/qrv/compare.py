@@ -5,7 +5,7 @@
 
 Sheets are of two kinds: such as the program writes, and hostile ones (odd types, damaged records, cut
 files, wild counts). CSV files are those of sheets, as spreadsheets write them and with something broken.
-The last line is `N sheets, N differences`; each difference leaves its input in the folder that is named.
+The last line is `N passed, N failed`; each difference leaves its input in the folder that is named.
 """
 
 import argparse
@@ -238,6 +238,7 @@ class Comparison:
         self.qrv = qrv
         self.folder = folder
         self.sheet = folder / "sheet.qrv"
+        self.comparisons = 0
         self.differences = 0
 
     def run(self, *words):
@@ -257,6 +258,7 @@ class Comparison:
 
     def expect(self, words, output, code=0, problems=()):
         """Each of the problems is how a line on standard error has to go on behind the program's name."""
+        self.comparisons += 1
         done = self.run(*words)
         lines = done.stderr.decode("utf-8", "replace").splitlines()
         right_problems = len(lines) == len(problems) and all(
@@ -322,6 +324,7 @@ class Comparison:
         target.unlink(missing_ok=True)
         words = ["import", source, "-o", target, *options]
         self.expect(words, b"", int(expected is None), [f"{source}: {problem}" for problem in problems])
+        self.comparisons += 1
         came = target.read_bytes() if target.exists() else None
         if came != expected:
             self.differ(words, "the imported sheet's bytes", {"expected": expected or b"", "came": came or b""})
@@ -391,7 +394,7 @@ def main():
     comparison = Comparison(Path(options.qrv).resolve(), folder)
     for number in range(options.count):
         comparison.one(Sheets(f"{options.series}/{number}"))
-    print(f"{options.count} sheets, {comparison.differences} differences")
+    print(f"{comparison.comparisons - comparison.differences} passed, {comparison.differences} failed")
     if comparison.differences:
         return 1
     shutil.rmtree(folder)

@@ -6,7 +6,7 @@
 In the manual page an example is a line that starts with "$ ", and what it prints stands below it. In
 docs/SCHOOLS.md and README.md every line of a fenced or indented block of commands is run, the blocks of a
 paper one after the other in one folder; a block that starts with "$ " shows what it prints as well. The
-last line is `N examples, N differences`.
+last line is `N passed, N failed`.
 """
 
 import argparse
@@ -140,7 +140,7 @@ def main():
         if examples.count == before:
             print(f"there is no example in the paper of {paper.__name__}")
             examples.differences += 1
-    print(f"{examples.count} examples, {examples.differences} differences")
+    print(f"{examples.count - examples.differences} passed, {examples.differences} failed")
     return int(examples.differences > 0)
 
 

@@ -62,7 +62,7 @@ class Field:
     def __init__(self, text, line, column, quoted=False):
         self.text = text
         self.place = (line, column)
-        self.blank = not text and not quoted
+        self.quoted = quoted
 
 
 QUOTED = re.compile(r'"((?:[^"]|"")*)"')
@@ -108,7 +108,8 @@ def csv_rows(text):
             if at < len(text):
                 continue
             row.append(Field("", line, column + 1))
-        if not all(field.blank for field in row):
+        # Quotes around an empty field count where not all fields have them.
+        if any(field.text or field.quoted != row[0].quoted for field in row):
             rows.append(row)
         row = []
         line += 1
@@ -238,13 +239,13 @@ class CsvImport:
             raise Refused(rows[0][0].place[0] + 1, 1)
         require(rows[1], 0, "VALUE")
         named = len(rows[0])
-        columns = [c for c in range(2, named) if any(c < len(row) and not row[c].blank for row in rows)]
+        columns = [c for c in range(2, named) if any(c < len(row) and row[c].text for row in rows)]
         if len(columns) > MOST:
             raise Refused(*rows[0][columns[MOST]].place)
-        if not field(rows[1], 1).blank:
+        if field(rows[1], 1).text:
             self.mistakes.append(rows[1][1].place)
         for row in rows:
-            self.mistakes += [extra.place for extra in row[named:] if not extra.blank]
+            self.mistakes += [extra.place for extra in row[named:] if extra.text]
         if len(rows[-1]) < named and not self.text.endswith(("\r", "\n")):
             self.mistakes.append((rows[-1][0].place[0], len(rows[-1]) + 1))
         if len(rows) - 2 > MOST:

@@ -62,9 +62,7 @@ Score FieldRules::score(std::string_view field) const {
     if (std::max(field.size(), score.text().size()) > longestTaggedText) {
         throw FieldError(longerThan(longestTaggedText));
     }
-    const Decimal points = score.reading();
-    const std::int64_t whole = points.toInteger();
-    if (whole > highestScore || (whole == highestScore && !points.isWhole())) {
+    if (score.reading() > Decimal(highestScore)) {
         throw FieldError("a score is at most " + std::to_string(highestScore));
     }
     return score;

@@ -44,14 +44,12 @@ class FiguresTable {
                   {std::to_string(student), codePage_.toUtf8(sheet.studentName(student)),
                    codePage_.toUtf8(sheet.studentAlias(student)),
                    std::to_string(figures.pointsEarned), std::to_string(figures.pointsPossible),
-                   tenthsText(figures.percentageTenths),
-                   letterText(figures.letterGrade),
+                   tenthsText(figures.percentageTenths), letterText(figures.letterGrade),
                    std::to_string(figures.rank)});
         }
         const auto& average = sheet.classAverage();
         if (!withClass_ || !average) return;
-        write(name, {"class", tenthsText(average->tenths),
-                     letterText(average->letterGrade)});
+        write(name, {"class", tenthsText(average->tenths), letterText(average->letterGrade)});
     }
 
   private:

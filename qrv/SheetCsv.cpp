@@ -63,7 +63,7 @@ int lastWithScores(const GradeSheet& sheet) {
         last = std::max(last, sheet.scores(assignment).storedCount());
     }
     if (last == sheet.studentCount()) return last;
-    // Behind its stored cells all of a column is alike.
+    // Behind its stored cells a column has zeros first, if any, and then only empty cells.
     for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
         if (!sheet.score(assignment, last + 1).isEmpty()) return sheet.studentCount();
     }

@@ -191,7 +191,7 @@ void writeSheetJson(const std::string& name, const GradeSheet& sheet, const Code
                     TextWriter& writer) {
     writer.write("{\"sheet\":" + json(name).dump() + ",\"title\":" +
                  json(codePage.toUtf8(sheet.sheetTitle)).dump() + ",\"assignments\":");
-    if (sheet.assignmentCountIsSet()) {
+    if (sheet.assignmentCountIfSet()) {
         writeList(writer, sheet.assignmentCount(), [&](int assignment) -> ordered_json {
             return {{"name", codePage.toUtf8(sheet.assignmentName(assignment))},
                     {"value", sheet.assignmentValue(assignment)}};
@@ -200,7 +200,7 @@ void writeSheetJson(const std::string& name, const GradeSheet& sheet, const Code
         writer.write("null");
     }
     writer.write(",\"students\":");
-    if (sheet.studentCountIsSet()) {
+    if (sheet.studentCountIfSet()) {
         writeList(writer, sheet.studentCount(), [&](int student) {
             ordered_json scores = ordered_json::array();
             for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {

@@ -84,8 +84,8 @@ TEST(RoundTripTest, JsonGivesEverySheetBackAsItWas) {
         ASSERT_EQ(textOf(again.mistakes), "") << seed;
         ASSERT_EQ(shownBy(again.sheet), shownBy(sheet)) << seed;
         ASSERT_EQ(again.title, sheet.sheetTitle) << seed;
-        ASSERT_EQ(again.sheet.studentCountIsSet(), sheet.studentCountIsSet()) << seed;
-        ASSERT_EQ(again.sheet.assignmentCountIsSet(), sheet.assignmentCountIsSet()) << seed;
+        ASSERT_EQ(again.sheet.studentCountIfSet(), sheet.studentCountIfSet()) << seed;
+        ASSERT_EQ(again.sheet.assignmentCountIfSet(), sheet.assignmentCountIfSet()) << seed;
         for (int assignment = 1; assignment <= sheet.assignmentCount(); ++assignment) {
             for (int student = 1; student <= sheet.studentCount(); ++student) {
                 ASSERT_EQ(again.sheet.score(assignment, student), sheet.score(assignment, student))

@@ -34,7 +34,7 @@ class Folder:
         (tools / "qrv").symlink_to(qrv)
         # Stands for other machines: what they are told to do is done here.
         ssh = tools / "ssh"
-        ssh.write_text('#!/bin/sh\nwhile [ "${1#-}" != "$1" ]; do shift; done\nshift\nexec sh -c "$*"\n')
+        ssh.write_text('#!/bin/sh\nwhile [ "${1#-}" != "$1" ]; do shift; done\nshift\n[ "$1" != -- ] || shift\nexec sh -c "$*"\n')
         ssh.chmod(0o755)
         self.environment = {**os.environ, "PATH": f"{tools}:{os.environ['PATH']}", "HOME": str(tools)}
 

@@ -23,7 +23,7 @@ namespace quorvel {
 namespace {
 
 constexpr COMDLG_FILTERSPEC sheetType{L"Gradesheet", L"*.qrv"};
-constexpr const wchar_t* sheetExtension = L"qrv";
+constexpr const wchar_t* sheetEnding = L".qrv";
 constexpr float pointParts = 10;  // the font dialog counts in tenths of a point
 constexpr int pointsPerInch = 72;
 
@@ -99,9 +99,10 @@ std::optional<std::filesystem::path> chosenFile(IFileDialog& dialog) {
     return path;
 }
 
+/// `proposed` is a whole path, or just the folder to begin in behind which no name stands.
 std::optional<std::filesystem::path> chooseFile(REFCLSID kind, HWND owner,
                                                 const std::wstring& title,
-                                                const std::filesystem::path& startFolder,
+                                                const std::filesystem::path& proposed,
                                                 FILEOPENDIALOGOPTIONS wanted) {
     const KeptCursor cursor;
     const UniqueInterface<IFileDialog> dialog = createFileDialog(kind);
@@ -110,8 +111,10 @@ std::optional<std::filesystem::path> chooseFile(REFCLSID kind, HWND owner,
     dialog->SetOptions(usual | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST | wanted);
     dialog->SetTitle(title.c_str());
     dialog->SetFileTypes(1, &sheetType);
-    dialog->SetDefaultExtension(sheetExtension);
-    beginIn(*dialog, startFolder);
+    // A sheet that is there is found by its name alone.
+    if ((wanted & FOS_FILEMUSTEXIST) != 0) dialog->SetDefaultExtension(sheetEnding + 1);
+    beginIn(*dialog, proposed.parent_path());
+    dialog->SetFileName(proposed.filename().c_str());
     const CentredDialogs centred;
     if (FAILED(dialog->Show(owner))) return std::nullopt;
     return chosenFile(*dialog);
@@ -145,15 +148,25 @@ Answer WindowsDialogs::message(const Message& message) {
 
 std::optional<std::filesystem::path> WindowsDialogs::openFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    return chooseFile(CLSID_FileOpenDialog, beginDialog(), toWide(title, codePage_), startFolder,
-                      FOS_FILEMUSTEXIST);
+    return chooseFile(CLSID_FileOpenDialog, beginDialog(), toWide(title, codePage_),
+                      startFolder / L"", FOS_FILEMUSTEXIST);
 }
 
 std::optional<std::filesystem::path> WindowsDialogs::saveFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    // A file that cannot be written is refused by Windows, which says why.
-    return chooseFile(CLSID_FileSaveDialog, beginDialog(), toWide(title, codePage_), startFolder,
-                      FOS_OVERWRITEPROMPT | FOS_NOREADONLYRETURN);
+    const HWND owner = beginDialog();
+    std::filesystem::path proposed = startFolder / L"";
+    while (true) {
+        // A file that cannot be written is refused by Windows, which says why.
+        auto chosen = chooseFile(CLSID_FileSaveDialog, owner, toWide(title, codePage_), proposed,
+                                 FOS_OVERWRITEPROMPT | FOS_NOREADONLYRETURN);
+        if (!chosen || chosen->has_extension()) return chosen;
+        // Windows by itself would add the ending to a name with another one, too.
+        *chosen += sheetEnding;
+        if (::GetFileAttributesW(chosen->c_str()) == INVALID_FILE_ATTRIBUTES) return chosen;
+        // Chosen once more by its whole name, so that Windows asks whether to replace it.
+        proposed = *chosen;
+    }
 }
 
 std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {

@@ -34,7 +34,7 @@ set_up() {
 
 wildcards_are_expanded() {
     diff <(companion figures --format csv 'grades\*.QRV' | sed 's|grades|Grades|') \
-        <(native_prints figures --format csv Grades/*.qrv)
+        <(cd "$folder" && native_prints figures --format csv Grades/*.qrv)
 }
 
 its_own_folder_has_the_scale() {

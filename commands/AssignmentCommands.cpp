@@ -59,7 +59,7 @@ Decimal askForAssignmentToEdit(CommandContext& context) {
             {.title = "Edit Assignment",
              .question = "What is the assignment's number that you wish to edit?",
              .defaultAnswer = numberHere});
-        const Decimal number = assignmentNumber(context, answer);
+        Decimal number = assignmentNumber(context, answer);
         if (numberInRange(number, context.sheet.assignmentCount()) != 0) return number;
         if (!askToTryAgain(context,
                            "Please enter a valid assignment number.  "

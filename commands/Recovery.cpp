@@ -31,7 +31,7 @@ std::optional<std::filesystem::path> writeRecoveredSheet(CommandContext& context
     files.createFolder(gradesFolder(state));
     for (const std::filesystem::path& folder : {gradesFolder(state), state.places.documents,
                                                 state.places.localData, state.places.temporary}) {
-        const auto file = freePlace(files, folder);
+        auto file = freePlace(files, folder);
         if (file && writeSheet(files, *file, context.sheet)) return file;
     }
     return std::nullopt;

@@ -90,13 +90,13 @@ class CommandLine {
         command.add_option(name, target, description)->option_text("TEXT");
     }
 
-    void addFormat(CLI::App& command, std::vector<std::string> formats) {
+    void addFormat(CLI::App& command, const std::vector<std::string>& formats) {
         command
             .add_option("--format", request_.format,
                         "The form of the result: " + CLI::detail::join(formats, ", ") + ";\n" +
                             formats.front() + " where it is not given")
             ->option_text("FORM")
-            ->check(CLI::IsMember(std::move(formats)));
+            ->check(CLI::IsMember(formats));
     }
 
     void addFigures();

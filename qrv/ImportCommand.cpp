@@ -54,8 +54,10 @@ std::string excerpt(std::string text) {
 
 void tell(const std::string& name, const Remarks& remarks, const std::string& kind) {
     for (const Remark& remark : remarks.kept()) {
-        const std::string found = remark.text.empty() ? "" : ": \"" + excerpt(remark.text) + '"';
-        complain(name + ": " + remark.place + ": " + kind + remark.reason + found);
+        std::string complaint = name;
+        complaint.append(": ").append(remark.place).append(": ").append(kind).append(remark.reason);
+        if (!remark.text.empty()) complaint += ": \"" + excerpt(remark.text) + '"';
+        complain(complaint);
     }
     const std::size_t further = remarks.count() - remarks.kept().size();
     if (further > 0) complain(name + ": " + kind + "and " + std::to_string(further) + " more");

@@ -133,7 +133,8 @@ void requireOtherFile(const std::string& output, const std::vector<std::string>&
         const std::string name = input == standardStream ? "/dev/stdin" : input;
         std::error_code error;
         if (std::filesystem::equivalent(pathOf(output), pathOf(name), error)) {
-            throw UsageError(output + ": it would replace what is read from " + input);
+            throw UsageError(
+                std::string(output).append(": it would replace what is read from ").append(input));
         }
     }
 }

@@ -53,7 +53,7 @@ bool isGradesFolder(const std::filesystem::path& folder) {
 std::filesystem::path folderFor(const std::string& sheet, Environment& environment) {
     if (!sheet.empty()) {
         const auto folder = pathOf(sheet).lexically_normal().parent_path();
-        const auto above = folder.parent_path();
+        auto above = folder.parent_path();
         if (isGradesFolder(folder) && hasScale(above, environment.files)) return above;
     }
     return environment.programFolder.value_or(std::filesystem::path());

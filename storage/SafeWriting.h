@@ -22,6 +22,6 @@ using WriteContent = std::function<bool(OutputFile&)>;
 /// once the content is safe in the other; what a crash left of one goes with the next success,
 /// unless somebody has it open. A file that is a link stays one.
 bool writeSafely(Files& files, const std::filesystem::path& file, OldRest rest,
-                 const WriteContent& write);
+                 const WriteContent& content);
 
 }  // namespace quorvel

@@ -29,7 +29,7 @@ class CsvWriter {
         return needsGuard ? '\'' + text : text;
     }
 
-    std::string guardedScore(std::string text) const {
+    std::string guardedScore(const std::string& text) const {
         return leadingNumberText(text) == text ? text : guarded(text);
     }
 

@@ -359,6 +359,7 @@ TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
                 std::ranges::shuffle(order, random);
                 column.reorder(order);
                 std::vector<Score> moved;
+                moved.reserve(order.size());
                 for (const int s : order) moved.push_back(plain[static_cast<std::size_t>(s) - 1]);
                 plain = moved;
             }

@@ -94,8 +94,10 @@ Outcome tryPairs(const Selection& selection) {
         if (!isRight && outcome.wantsWords())
             outcome.tell(std::to_string(earned) + " of " + std::to_string(possible) + " is not " +
                          text(found) + " %");
-        outcome.add(isRight & isRightLetter(found, plain, thresholds.letterFor(found), outcome) &
-                    isRightLetter(found, roundedUp, loweredThresholds.letterFor(found), outcome));
+        const bool isRightPlain = isRightLetter(found, plain, thresholds.letterFor(found), outcome);
+        const bool isRightRoundedUp =
+            isRightLetter(found, roundedUp, loweredThresholds.letterFor(found), outcome);
+        outcome.add(isRight && isRightPlain && isRightRoundedUp);
     }
     return outcome;
 }

@@ -80,10 +80,8 @@ enum class InPlace { Written, AsBefore, Torn };
 
 /// Gives a file back what it held before it was written over, or its absence.
 InPlace putBack(Files& files, const std::filesystem::path& file, const ReadBytes& old) {
-    if (old.problem == FileProblem::Missing) {
-        files.remove(file);
-        return InPlace::AsBefore;
-    }
+    if (old.problem == FileProblem::Missing)
+        return files.remove(file) ? InPlace::AsBefore : InPlace::Torn;
     const auto output = files.openForWriting(file);
     const bool done = output && output->append(old.bytes) && output->cut() && output->flush();
     return done ? InPlace::AsBefore : InPlace::Torn;

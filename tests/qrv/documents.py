@@ -21,6 +21,15 @@ ROOT = Path(__file__).resolve().parents[2]
 
 MATH = "Name,Alias,Quiz,Test\nValue,,20,20\n\"Doe, Jane\",Jane,17,20\n\"Roe, Rick\",Rick,12,E\n"
 ART = "Name,Alias,Sketch\nValue,,10\n\"Poe, Edgar\",Ed,7\n"
+# Stands for other machines as ssh reaches them: what they are told to do is done here, with the shell named
+# that logged in, which the one that runs this need not have named.
+OTHER_MACHINE = """#!/bin/sh
+while [ "${1#-}" != "$1" ]; do shift; done
+shift
+[ "$1" != -- ] || shift
+SHELL=/bin/sh exec sh -c "$*"
+"""
+
 BAD = "Name,Alias,Quiz\nValue,,20\nDoe,,17%\nRoe,,x\n"
 
 
@@ -32,9 +41,8 @@ class Folder:
         tools = self.path / ".tools"
         tools.mkdir()
         (tools / "qrv").symlink_to(qrv)
-        # Stands for other machines: what they are told to do is done here.
         ssh = tools / "ssh"
-        ssh.write_text('#!/bin/sh\nwhile [ "${1#-}" != "$1" ]; do shift; done\nshift\n[ "$1" != -- ] || shift\nexec sh -c "$*"\n')
+        ssh.write_text(OTHER_MACHINE)
         ssh.chmod(0o755)
         self.environment = {**os.environ, "PATH": f"{tools}:{os.environ['PATH']}", "HOME": str(tools)}
 

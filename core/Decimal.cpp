@@ -235,10 +235,6 @@ Decimal Decimal::negated() const {
     return negated;
 }
 
-Decimal Decimal::absolute() const {
-    return isNegative() ? negated() : *this;
-}
-
 std::strong_ordering Decimal::operator<=>(const Decimal& other) const {
     if (*this == other) return std::strong_ordering::equal;
     Decimal difference = *this;

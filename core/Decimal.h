@@ -29,7 +29,7 @@ class Decimal {
 
     bool isNegative() const;
     /// The number without its sign.
-    Decimal absolute() const;
+    Decimal absolute() const { return isNegative() ? negated() : *this; }
     Fraction fraction() const;
 
     /// The rule for typed scores and point values: a number whose fraction is one half or more

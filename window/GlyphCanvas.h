@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "core/ports/Canvas.h"
@@ -14,13 +13,13 @@ namespace quorvel {
 /// that differ: everything is placed anew, finish() finds out what that changes.
 class GlyphCanvas {
   public:
-    explicit GlyphCanvas(Canvas& canvas) : canvas_(canvas) {}
+    explicit GlyphCanvas(Canvas& canvas);
 
     void load(const std::filesystem::path& programFolder, CanvasSize size);
     void release();
 
-    /// Wants `glyph` with its upper left corner at pixel (x, y). The glyph placed last stays on top
-    /// where two overlap.
+    /// Wants `glyph` with its upper left corner at pixel (x, y) of the wide canvas. The glyph
+    /// placed last stays on top where two overlap.
     void place(Surface surface, int glyph, int x, int y);
     /// Places blanks of `set` into `slots` neighbouring slots from x on.
     void placeBlanks(Surface surface, GlyphSet set, int x, int y, int slots);
@@ -32,27 +31,24 @@ class GlyphCanvas {
     void finish();
 
   private:
+    /// What stands with its upper left corner at one pixel.
     struct Place {
-        int wanted = -1;
-        int shown = -1;
-        std::uint64_t order = 0;  // of its last placing
+        std::int32_t lastPlacing = 0;  // its index among the placings since the last finish()
+        std::int32_t shownGlyph = -1;
     };
-    struct Key {
-        Surface surface;
-        int x;
-        int y;
-        bool operator==(const Key&) const = default;
-    };
-    struct KeyHash {
-        std::size_t operator()(const Key& key) const {
-            return static_cast<std::size_t>((key.y * 1024 + key.x) * 2 +
-                                            (key.surface == Surface::Grid ? 0 : 1));
-        }
+    struct Placing {
+        int place;
+        int glyph;
     };
 
+    /// Nothing is shown anywhere.
+    void forget();
+    void copy(int place, int glyph);
+
     Canvas& canvas_;
-    std::unordered_map<Key, Place, KeyHash> places_;
-    std::uint64_t placings_ = 0;
+    /// By pixel: the grid's, line by line, and behind them the bottom canvas'.
+    std::vector<Place> places_;
+    std::vector<Placing> placings_;
 };
 
 }  // namespace quorvel

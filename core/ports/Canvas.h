@@ -16,6 +16,12 @@ class Canvas {
     static constexpr int glyphWidth = 8;    // pixels
     static constexpr int glyphHeight = 12;  // pixels
 
+    // The sizes of the canvas bitmaps, in pixels.
+    static constexpr int wideWidth = 588;
+    static constexpr int smallWidth = 438;
+    static constexpr int gridHeight = 324;
+    static constexpr int bottomHeight = 42;
+
     virtual ~Canvas() = default;
 
     /// Loads the canvas and glyph bitmaps from the program's folder. A bitmap that is missing

@@ -9,12 +9,10 @@ namespace quorvel {
 
 namespace {
 
-constexpr int gridHeight = 324;
-constexpr int bottomHeight = 42;
 constexpr COLORREF paper = RGB(255, 255, 255);
 
 constexpr int widthOf(CanvasSize size) {
-    return size == CanvasSize::Wide ? 588 : 438;
+    return size == CanvasSize::Wide ? Canvas::wideWidth : Canvas::smallWidth;
 }
 
 UniqueBitmap blankBitmap(HDC context, int width, int height) {

@@ -10,11 +10,6 @@ namespace {
 constexpr int plainBlank = 27;
 constexpr int doubleBlank = 28;
 
-constexpr int wideCanvasWidth = 588;
-constexpr int smallCanvasWidth = 438;
-constexpr int gridHeight = 324;
-constexpr int bottomHeight = 42;
-
 std::size_t indexOf(Surface surface) {
     return surface == Surface::Grid ? 0 : 1;
 }
@@ -44,7 +39,7 @@ FakeCanvas::Pixel FakeCanvas::pixelOf(int glyph, int x, int y) {
 }
 
 void FakeCanvas::load(const std::filesystem::path&, CanvasSize size) {
-    const int width = size == CanvasSize::Wide ? wideCanvasWidth : smallCanvasWidth;
+    const int width = size == CanvasSize::Wide ? wideWidth : smallWidth;
     drawn_ = {Picture(width, gridHeight), Picture(width, bottomHeight)};
     shown_ = drawn_;
     size_ = size;

@@ -6,6 +6,7 @@ readonly headless_packages=(cmake g++ libcli11-dev libgtest-dev ninja-build nloh
 readonly style_packages=(clang clang-format clang-tidy shellcheck)
 readonly coverage_packages=(gcovr)
 readonly windows_packages=(g++-mingw-w64-x86-64-posix groff-base)
+readonly speed_packages=(gnumeric libbenchmark-dev time)
 readonly packaging_packages=(nsis unzip zip)
 readonly wine_packages=(fonts-liberation fonts-wine wine wine64 xvfb)
 readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript poppler-utils

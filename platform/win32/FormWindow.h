@@ -30,6 +30,8 @@ class FormWindow {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+    /// The messages that are about how the window looks.
+    LRESULT handleShowing(UINT message, WPARAM wParam, LPARAM lParam);
     void handleCommand(WPARAM wParam, LPARAM lParam);
     void handleNotification(int control, int code);
     void scroll(HWND bar, WPARAM scrollMessage);

@@ -9,6 +9,7 @@
 
 #include "core/Errors.h"
 #include "platform/win32/ControlParts.h"
+#include "platform/win32/FileDialogs.h"
 #include "platform/win32/Handles.h"
 #include "platform/win32/PasswordWindow.h"
 #include "platform/win32/PrinterDevice.h"
@@ -16,14 +17,11 @@
 #include "platform/win32/Texts.h"
 
 #include <commdlg.h>
-#include <shobjidl.h>
 
 namespace quorvel {
 
 namespace {
 
-constexpr COMDLG_FILTERSPEC sheetType{L"Gradesheet", L"*.qrv"};
-constexpr const wchar_t* sheetEnding = L".qrv";
 constexpr float pointParts = 10;  // the font dialog counts in tenths of a point
 constexpr int pointsPerInch = 72;
 
@@ -74,52 +72,6 @@ class KeptCursor {
     HCURSOR before_ = ::GetCursor();
 };
 
-UniqueInterface<IFileDialog> createFileDialog(REFCLSID kind) {
-    IFileDialog* dialog = nullptr;
-    if (FAILED(::CoCreateInstance(kind, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&dialog))))
-        throw Error("The file dialog could not be opened.");
-    return UniqueInterface<IFileDialog>(dialog);
-}
-
-/// Windows would begin in the folder that was used last.
-void beginIn(IFileDialog& dialog, const std::filesystem::path& folder) {
-    IShellItem* item = nullptr;
-    if (FAILED(::SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_PPV_ARGS(&item)))) return;
-    const UniqueInterface<IShellItem> owned(item);
-    dialog.SetFolder(item);
-}
-
-std::optional<std::filesystem::path> chosenFile(IFileDialog& dialog) {
-    IShellItem* item = nullptr;
-    if (FAILED(dialog.GetResult(&item))) return std::nullopt;
-    const UniqueInterface<IShellItem> owned(item);
-    wchar_t* path = nullptr;
-    if (FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) return std::nullopt;
-    const UniqueTaskText ownedPath(path);
-    return path;
-}
-
-/// `proposed` is a whole path, or just the folder to begin in behind which no name stands.
-std::optional<std::filesystem::path> chooseFile(REFCLSID kind, HWND owner,
-                                                const std::wstring& title,
-                                                const std::filesystem::path& proposed,
-                                                FILEOPENDIALOGOPTIONS wanted) {
-    const KeptCursor cursor;
-    const UniqueInterface<IFileDialog> dialog = createFileDialog(kind);
-    FILEOPENDIALOGOPTIONS usual = 0;
-    dialog->GetOptions(&usual);
-    dialog->SetOptions(usual | FOS_FORCEFILESYSTEM | FOS_NOCHANGEDIR | FOS_PATHMUSTEXIST | wanted);
-    dialog->SetTitle(title.c_str());
-    dialog->SetFileTypes(1, &sheetType);
-    // A sheet that is there is found by its name alone.
-    if ((wanted & FOS_FILEMUSTEXIST) != 0) dialog->SetDefaultExtension(sheetEnding + 1);
-    beginIn(*dialog, proposed.parent_path());
-    dialog->SetFileName(proposed.filename().c_str());
-    const CentredDialogs centred;
-    if (FAILED(dialog->Show(owner))) return std::nullopt;
-    return chosenFile(*dialog);
-}
-
 }  // namespace
 
 void WindowsDialogs::setOwner(HWND owner, std::function<void()> opening) {
@@ -148,25 +100,14 @@ Answer WindowsDialogs::message(const Message& message) {
 
 std::optional<std::filesystem::path> WindowsDialogs::openFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    return chooseFile(CLSID_FileOpenDialog, beginDialog(), toWide(title, codePage_),
-                      startFolder / L"", FOS_FILEMUSTEXIST);
+    const KeptCursor cursor;
+    return chooseFileToOpen(beginDialog(), toWide(title, codePage_), startFolder);
 }
 
 std::optional<std::filesystem::path> WindowsDialogs::saveFile(
     std::string_view title, const std::filesystem::path& startFolder) {
-    const HWND owner = beginDialog();
-    std::filesystem::path proposed = startFolder / L"";
-    while (true) {
-        // A file that cannot be written is refused by Windows, which says why.
-        auto chosen = chooseFile(CLSID_FileSaveDialog, owner, toWide(title, codePage_), proposed,
-                                 FOS_OVERWRITEPROMPT | FOS_NOREADONLYRETURN);
-        if (!chosen || chosen->has_extension()) return chosen;
-        // Windows by itself would add the ending to a name with another one, too.
-        *chosen += sheetEnding;
-        if (::GetFileAttributesW(chosen->c_str()) == INVALID_FILE_ATTRIBUTES) return chosen;
-        // Chosen once more by its whole name, so that Windows asks whether to replace it.
-        proposed = *chosen;
-    }
+    const KeptCursor cursor;
+    return chooseFileToSave(beginDialog(), toWide(title, codePage_), startFolder);
 }
 
 std::optional<PrintFont> WindowsDialogs::chooseFont(const PrintFont& current) {

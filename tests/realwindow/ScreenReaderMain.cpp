@@ -126,28 +126,28 @@ void typeScore(WindowDriver& driver, const char* score) {
 /// A class of two students and one assignment. Its places: a score and four results for each
 /// student, two averages of the assignment, two figures of the class.
 void readTheWindow(WindowDriver& driver) {
-    choose(driver, "mnuAddS", {"Alvarez, Sof\xEDa", "Sofi"});
+    choose(driver, "mnuAddS", {"Alvarez, Sof\355a", "Sofi"});
     choose(driver, "mnuAddS", {"Baker, Bob", "Bob"});
     choose(driver, "mnuAddA", {"Quiz 1", "20"});
     const HWND window = FindWindowW(quorvel::control_id::mainWindowClass, nullptr);
     const Reader reader(window);
     checkNumber("the role of the window", reader.role(CHILDID_SELF), ROLE_SYSTEM_TABLE);
     checkNumber("the role of a cell", reader.role(1), ROLE_SYSTEM_CELL);
-    checkText("a new cell", reader.name(1), "Alvarez, Sof\xEDa, Quiz 1: 0 of 20");
+    checkText("a new cell", reader.name(1), "Alvarez, Sof\355a, Quiz 1: 0 of 20");
 
     reader.act(1);
     finishAction(driver);
     checkNumber("the cell that is edited has the focus", reader.focus(), 1);
     checkNumber("and is selected", reader.state(1) & STATE_SYSTEM_SELECTED, STATE_SYSTEM_SELECTED);
     const Reader editor(GetDlgItem(window, quorvel::control_id::txtEnter));
-    checkText("the editor", editor.name(CHILDID_SELF), "Alvarez, Sof\xEDa, Quiz 1");
+    checkText("the editor", editor.name(CHILDID_SELF), "Alvarez, Sof\355a, Quiz 1");
     typeScore(driver, "18");
     checkNumber("nothing has the focus behind the entry", reader.focus(), 0);
-    checkText("the new score", reader.name(1), "Alvarez, Sof\xEDa, Quiz 1: 18 of 20");
+    checkText("the new score", reader.name(1), "Alvarez, Sof\355a, Quiz 1: 18 of 20");
     checkText("its value", reader.value(1), "18");
-    checkText("the points", reader.name(2), "Alvarez, Sof\xEDa, points earned: 18");
-    checkText("the percentage", reader.name(4), "Alvarez, Sof\xEDa, percentage: 90%");
-    checkText("the grade", reader.name(5), "Alvarez, Sof\xEDa, grade: B");
+    checkText("the points", reader.name(2), "Alvarez, Sof\355a, points earned: 18");
+    checkText("the percentage", reader.name(4), "Alvarez, Sof\355a, percentage: 90%");
+    checkText("the grade", reader.name(5), "Alvarez, Sof\355a, grade: B");
     checkText("the other student", reader.name(6), "Baker, Bob, Quiz 1: 0 of 20");
     checkText("the assignment's average", reader.name(11), "Quiz 1, average score: 9");
     checkText("the class average", reader.name(13), "Class average: 45%");

@@ -92,12 +92,18 @@ bool HeadlessDriver::setDiskFull(bool full) {
     return true;
 }
 
-bool HeadlessDriver::openElsewhere(std::string_view, FileSharing) {
-    return false;
+bool HeadlessDriver::openElsewhere(std::string_view path, FileSharing sharing) {
+    const std::filesystem::path file = resolve(path);
+    if (!disk_.exists(file)) throw ScenarioError("there is no such file");
+    (sharing == FileSharing::Contents ? files_.held : files_.locked).insert(file);
+    return true;
 }
 
-bool HeadlessDriver::closeElsewhere(std::string_view) {
-    return false;
+bool HeadlessDriver::closeElsewhere(std::string_view path) {
+    const std::filesystem::path file = resolve(path);
+    if (files_.held.erase(file) + files_.locked.erase(file) == 0)
+        throw ScenarioError("no program has the file open");
+    return true;
 }
 
 frmQRV& HeadlessDriver::program() {

@@ -1,9 +1,6 @@
 """The program's folder."""
 
-from model.files import RECORD, cut_records, load, put_cell, put_text, save, tagged_in, text_in
-
-
-COUNTS = 2
+from model.files import RECORD, cut_records, load, put_text, save, text_in
 
 
 class Disk:
@@ -37,17 +34,10 @@ class Disk:
         self.write(path, b"".join(put_text(text) for text in texts))
 
     def write_sheet(self, path, sheet):
-        """A count of 0 that was once another is a number; one that was never set is empty."""
-        records = cut_records(save(sheet))
-        for place in range(COUNTS):
-            if records[place] == put_cell(None) and sheet.counted[place]:
-                records[place] = put_cell(("i", 0))
-        self.write(path, b"".join(records))
+        self.write(path, save(sheet))
 
     def read_sheet(self, path):
-        sheet = load(self.read(path))
-        sheet.counted = [tagged_in(record) is not None for record in cut_records(self.read(path))[:COUNTS]]
-        return sheet
+        return load(self.read(path))
 
     def records(self, path):
         return len(self.read(path)) // RECORD

@@ -131,8 +131,10 @@ class Expectations:
         """The sheet as it was just written, and how long the file is with what was there before."""
         sheet = self.sheet
         name = quoted(path)
-        counts = zip((sheet.students, len(sheet.values)), sheet.counted)
-        values = [tagged_value(("i", count) if counted else None) for count, counted in counts]
+        values = [
+            tagged_value(("i", sheet.students) if sheet.students_set else None),
+            tagged_value(("i", len(sheet.values)) if sheet.assignments_set else None),
+        ]
         values.append(f"text {quoted(sheet.title)}")
         for a in range(len(sheet.values)):
             values += [tagged_value(sheet.cell(a, s)) for s in range(sheet.students)]

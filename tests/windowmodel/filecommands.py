@@ -32,7 +32,6 @@ class FileCommands:
         self.load()
 
     def open_recent(self):
-        self.open_from_recent = True
         self.path = b"True"
         self.load()
 
@@ -46,7 +45,6 @@ class FileCommands:
         self.path = chosen
         self.note_recent_file()
         self.sheet = self.disk.read_sheet(chosen)
-        self.open_from_recent = False
         self.note_saved()
         self.window.aliases = self.window.ranks = False
         self.refresh()
@@ -109,7 +107,7 @@ class FileCommands:
         other = self.disk.read_sheet(chosen)
         sheet = self.sheet
         sheet.title, sheet.names, sheet.aliases = other.title, other.names, other.aliases
-        sheet.counted[0] = other.counted[0]
+        sheet.students_set = other.students_set
         sheet.cells = {}
         last = len(sheet.values) - 1
         # The last assignment is the other sheet's at that place, where it has one.

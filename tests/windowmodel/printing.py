@@ -31,7 +31,8 @@ class Printing:
             if not answer:
                 break
             number = number_in(answer)
-            if 1 <= number <= 6:
+            # At least 1 before rounding, at most 6 after it.
+            if number >= 1 and half_even(number) <= 6:
                 self.print_report(half_even(number))
                 return
             if self.user.message(INVALID_METHOD, b"Print Method Error", buttons="ok-cancel") == "cancel":

@@ -3,7 +3,8 @@
 from model.figures import DEFAULT_MINIMUMS
 from model.files import Sheet, cut_records, put_cell, whole
 
-from .commands import Commands, Ended
+from .commands import Commands
+from .details import Details, Ended
 from .filecommands import FileCommands
 from .typed import entered_score
 from .printing import Printing
@@ -12,7 +13,7 @@ from .window import Window
 RECENT_FILES = 9
 
 
-class Program(Commands, FileCommands, Printing):
+class Program(Commands, Details, FileCommands, Printing):
     """`user` answers its questions, `disk` is its folder."""
 
     def __init__(self, user, disk, small):
@@ -21,12 +22,8 @@ class Program(Commands, FileCommands, Printing):
         self.small = small
         self.ended = False
         self.sheet = Sheet()
-        # Whether the counts of students and of assignments were ever set.
-        self.sheet.counted = [False, False]
         self.path = b""
         self.window = None
-        self.open_from_recent = False
-        self.launched = False
         self.copies = []
 
     # Start and end.

@@ -1,6 +1,6 @@
 """Texts in the code page, and as a scenario writes them."""
 
-from model.texts import FROM_UNICODE, TO_UNICODE, utf8
+from model.texts import FROM_UNICODE, TO_UNICODE
 
 
 def upper_byte(byte):
@@ -28,7 +28,3 @@ def quoted(text):
         else:
             parts.append(f"\\x{byte:02X}")
     return '"' + "".join(parts) + '"'
-
-
-def decoded(text):
-    return utf8(text).decode()

@@ -1,7 +1,6 @@
 #include "tests/realwindow/MenuReader.h"
 
-#include <algorithm>
-#include <map>
+#include <optional>
 
 #include "tests/realwindow/Picture.h"
 #include "tests/realwindow/SystemTexts.h"
@@ -19,10 +18,8 @@ constexpr DWORD menuTimeout = 5'000;  // milliseconds
 constexpr DWORD menuPause = 15;
 /// Pixels of the menu's frame.
 constexpr int frame = 3;
-/// Rows without ink within a line of text, such as the one under the dot of an "i".
-constexpr int widestGap = 2;
-/// A line of ink this low and nearly as wide as the menu is a rule.
-constexpr int ruleHeight = 2;
+/// An entry is at least this high.
+constexpr int lowestEntry = 10;
 
 HWND openPopup(const RunningProgram& program) {
     for (HWND window : program.visibleWindows())
@@ -57,19 +54,7 @@ class OpenedMenu {
     OpenedMenu(const OpenedMenu&) = delete;
     OpenedMenu& operator=(const OpenedMenu&) = delete;
 
-    /// What is inside its frame, once it no longer changes.
-    Picture settledPicture() const {
-        std::optional<Picture> before;
-        std::optional<Picture> shown;
-        waitUntil("does not stand still", [&] {
-            before = std::move(shown);
-            shown = picture();
-            return before == shown;
-        });
-        return std::move(*shown);
-    }
-
-  private:
+    /// What is inside its frame.
     Picture picture() const {
         RECT area{};
         GetWindowRect(openPopup(program_), &area);
@@ -78,14 +63,16 @@ class OpenedMenu {
                          area.right - area.left - 2 * frame, area.bottom - area.top - 2 * frame);
     }
 
+  private:
     const RunningProgram& program_;
     HWND window_;
 };
 
-/// What is not the ground of its row. Each row has its own: the chosen entry's is another.
-Ink inkOf(const Picture& menu) {
+/// What is not the ground of its row, in the rows from `top` to before `bottom`. Each row has its
+/// own ground: the chosen entry's is another.
+Ink inkOf(const Picture& menu, int top, int bottom) {
     Ink ink;
-    for (int y = 0; y < menu.height(); ++y) {
+    for (int y = top; y < bottom; ++y) {
         const std::uint32_t ground = menu.at(0, y);
         for (int x = 0; x < menu.width(); ++x)
             if (menu.at(x, y) != ground) ink.emplace(x, y);
@@ -93,30 +80,66 @@ Ink inkOf(const Picture& menu) {
     return ink;
 }
 
-bool isRule(const Ink& line, int top, int bottom, int menuWidth) {
-    const int width = line.rbegin()->first - line.begin()->first + 1;
-    return bottom - top < ruleHeight && width > menuWidth * 3 / 4;
+/// The first row of each rule between groups of entries: its ink reaches from side to side.
+std::vector<int> rulesOf(const Picture& menu) {
+    std::vector<int> rules;
+    for (int y = 0; y < menu.height(); ++y) {
+        const Ink row = inkOf(menu, y, y + 1);
+        const bool isRule = static_cast<int>(row.size()) > menu.width() * 3 / 4;
+        if (isRule && (rules.empty() || rules.back() != y - 1)) rules.push_back(y);
+    }
+    return rules;
 }
 
-/// The ink of each line of text, from top to bottom.
-std::vector<Ink> linesOf(const Picture& menu) {
-    std::map<int, Ink> rows;
-    for (const Pixel& pixel : inkOf(menu)) rows[pixel.second].insert(pixel);
-    std::vector<Ink> lines;
-    int top = 0;
-    int bottom = -1 - widestGap;
-    for (auto& [y, row] : rows) {
-        const bool below = y - bottom > widestGap + 1 || lines.empty();
-        if (below && !lines.empty() && isRule(lines.back(), top, bottom, menu.width()))
-            lines.pop_back();
-        if (below) {
-            lines.emplace_back();
-            top = y;
-        }
-        lines.back().merge(row);
-        bottom = y;
+/// How many entries stand before, between and behind the rules of the File menu where it has no
+/// recent files; with some, they are a group of their own before the last one.
+struct FixedGroups {
+    int first = 0;
+    int second = 0;
+    int last = 0;
+};
+
+FixedGroups fixedGroups() {
+    std::vector<int> groups(1);
+    for (const MenuItem& item : menuItems()) {
+        if (item.menu != menuItems().front().menu) break;
+        if (item.name.empty())
+            groups.push_back(0);
+        else if (item.recentFile == 0)
+            ++groups.back();
     }
-    return lines;
+    return {groups.at(0), groups.at(1), groups.back()};
+}
+
+/// The first rows of the entries for recent files, and how high each is.
+struct RecentEntries {
+    std::vector<int> tops;
+    int height = 0;
+};
+
+/// Entries are equally high and so are rules, so that the rules alone tell where entries stand, an
+/// empty one, too. Nothing where this is no whole File menu, such as one that is still painted.
+std::optional<RecentEntries> recentEntriesOf(const Picture& menu) {
+    const FixedGroups fixed = fixedGroups();
+    const std::vector<int> rules = rulesOf(menu);
+    if (rules.size() != 2 && rules.size() != 3) return std::nullopt;
+
+    // Between two rules lies their group and one rule, outside them the other two groups and one.
+    // The frame below may be a pixel narrower than that above, hence the rounding.
+    const int between = rules[1] - rules[0];
+    const int outside = rules.front() + menu.height() - rules.back();
+    const int entriesMore = fixed.first + fixed.last - fixed.second;
+    const int height = (outside - between + entriesMore / 2) / entriesMore;
+    const int ruleHeight = between - fixed.second * height;
+    const int aboveInk = rules.front() - fixed.first * height;
+    if (height < lowestEntry || aboveInk < 0 || aboveInk >= ruleHeight) return std::nullopt;
+    // Painted from top to bottom.
+    if (inkOf(menu, menu.height() - height, menu.height()).empty()) return std::nullopt;
+
+    RecentEntries entries{{}, height};
+    for (int top = rules[1] - aboveInk + ruleHeight; top < rules.back() - aboveInk; top += height)
+        entries.tops.push_back(top);
+    return entries;
 }
 
 const TextReader& menuTextReader() {
@@ -132,21 +155,19 @@ const TextReader& menuTextReader() {
 }  // namespace
 
 std::vector<std::string> readRecentFiles(const RunningProgram& program) {
-    const auto isFixed = [](const MenuItem& item) {
-        return item.menu == menuItems().front().menu && !item.name.empty() && item.recentFile == 0;
-    };
-    const auto items = menuItems();
-    const auto firstRecent = std::ranges::find(items, 1, &MenuItem::recentFile);
-    const auto before =
-        static_cast<std::size_t>(std::count_if(items.begin(), firstRecent, isFixed));
-    const auto behind = static_cast<std::size_t>(std::count_if(firstRecent, items.end(), isFixed));
-
-    const std::vector<Ink> lines = linesOf(OpenedMenu(program).settledPicture());
-    if (lines.size() < before + behind)
-        throw ScenarioError("the File menu lacks some of its entries");
+    const OpenedMenu menu(program);
+    std::optional<Picture> shown;
+    std::optional<RecentEntries> entries;
+    waitUntil("is never shown as a whole", [&] {
+        std::optional<Picture> before = std::move(shown);
+        shown = menu.picture();
+        if (before != shown) return false;
+        entries = recentEntriesOf(*shown);
+        return entries.has_value();
+    });
     std::vector<std::string> recentFiles;
-    for (std::size_t line = before; line < lines.size() - behind; ++line) {
-        const auto text = menuTextReader().read(lines[line]);
+    for (const int top : entries->tops) {
+        const auto text = menuTextReader().read(inkOf(*shown, top, top + entries->height));
         if (!text) throw ScenarioError("an entry of the File menu cannot be read");
         recentFiles.push_back(inCodePage(*text));
     }

@@ -90,7 +90,7 @@ class WindowDriver final : public Driver {
     bool goOnEndingSession();
 
     // Looking at the window.
-    using RecentFiles = std::array<std::string, recentFileCount>;
+    using RecentFiles = std::array<std::optional<std::string>, recentFileCount>;
     const std::optional<RecentFiles>& recentFiles();
     std::optional<std::string> menuEntryText(std::string_view name);
     std::optional<bool> menuEntryIsVisible(std::string_view name);

@@ -59,8 +59,8 @@ std::optional<bool> WindowDriver::visible(std::string_view name) {
     return IsWindowVisible(control(name)) != 0;
 }
 
-/// The captions of the recent-file entries as the menu shows them, an empty text for one that it
-/// does not show; nothing while the menu cannot be opened.
+/// The captions of the recent-file entries as the menu shows them, nothing for one that it does not
+/// show; nothing at all while the menu cannot be opened.
 const std::optional<WindowDriver::RecentFiles>& WindowDriver::recentFiles() {
     if (recentFiles_ || IsWindowEnabled(mainWindow()) == 0) return recentFiles_;
     const std::vector<std::string> shown = readRecentFiles(*program_);
@@ -76,7 +76,7 @@ const std::optional<WindowDriver::RecentFiles>& WindowDriver::recentFiles() {
 std::optional<std::string> WindowDriver::menuEntryText(std::string_view name) {
     const int number = recentFileNumber(name);
     if (number == 0 || !recentFiles()) return std::nullopt;
-    return (*recentFiles_)[static_cast<std::size_t>(number) - 1];
+    return (*recentFiles_)[static_cast<std::size_t>(number) - 1].value_or("");
 }
 
 std::optional<bool> WindowDriver::menuEntryIsVisible(std::string_view name) {
@@ -84,7 +84,7 @@ std::optional<bool> WindowDriver::menuEntryIsVisible(std::string_view name) {
     const int number = recentFileNumber(name);
     if (number == 0) return true;
     if (!recentFiles()) return std::nullopt;
-    return !(*recentFiles_)[static_cast<std::size_t>(number) - 1].empty();
+    return (*recentFiles_)[static_cast<std::size_t>(number) - 1].has_value();
 }
 
 std::optional<bool> WindowDriver::focused(std::string_view name) {

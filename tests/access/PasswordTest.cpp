@@ -337,5 +337,60 @@ TEST_F(Password, AnOwnFileThatCannotBeReadLeavesTheMachinesInForce) {
     expectInForce("Machine");
 }
 
+class PasswordUnderFaults : public Password {
+  protected:
+    /// The password is being changed from "old" to "new" when operation number `operation` of the
+    /// writing fails.
+    void changeWith(FaultyFiles::Fault fault, int operation) {
+        giveOldPassword("old");
+        dialogs.expectPassword(newCaption, "new");
+        dialogs.expectMessage("Quorvel", confirmCaption).whileOpen([=, this] {
+            disk.breakAt(operation, fault);
+        });
+        confirmPassword("new");
+        expectChanged();
+        mnuEditPassword(program);
+    }
+    /// Each operation fails in its turn; `prepare` puts the old password where it lies.
+    template <typename Prepare>
+    void failEveryOperation(Prepare prepare) {
+        for (const auto fault : {FaultyFiles::Fault::Fail, FaultyFiles::Fault::Shorten}) {
+            int operations = 1;
+            for (int operation = 0; operation <= operations; ++operation) {
+                SCOPED_TRACE(operation);
+                files.files.clear();
+                prepare();
+                changeWith(fault, operation);
+                if (operation == 0) operations = disk.operations();
+                disk.breakAt(0, fault);
+                expectOldOrNew();
+            }
+        }
+    }
+
+  private:
+    void expectOldOrNew() {
+        const std::string inForce = ownStored().empty() ? stored() : ownStored();
+        EXPECT_TRUE(inForce == passwordRecord("old") || inForce == passwordRecord("new"));
+        EXPECT_LE(files.files.size(), 2U);
+    }
+};
+
+TEST_F(PasswordUnderFaults, TheOldOneOrTheNewOneIsInForce) {
+    failEveryOperation([&] { storePassword("old"); });
+}
+
+TEST_F(PasswordUnderFaults, TheOldOneOrTheNewOneIsInForceForAnOrdinaryUser) {
+    refuseMachineFolder();
+    failEveryOperation([&] { placeFile(ownFile, passwordRecord("old")); });
+}
+
+TEST_F(PasswordUnderFaults, TheOldOneOrTheNewOneIsInForceWhereAnOwnOneGoes) {
+    failEveryOperation([&] {
+        storePassword("older");
+        placeFile(ownFile, passwordRecord("old"));
+    });
+}
+
 }  // namespace
 }  // namespace quorvel

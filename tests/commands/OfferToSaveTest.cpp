@@ -130,22 +130,63 @@ TEST_F(Closing, WhereNothingCanBeWrittenAtAllTheUserMayGoOn) {
     EXPECT_TRUE(files.files.empty());
 }
 
-TEST_F(Closing, AnyFailureLeavesTheOldFileAndARecoveredSheetOrTheNewFile) {
-    workOnA();
-    expectSaveQuestion(Answer::Yes);
-    offerToSave(program);
-    const int operations = disk.operations();
-    for (int operation = 1; operation <= operations; ++operation) {
+class ClosingUnderFaults : public Closing {
+  protected:
+    /// Closing is to save; operation number `first` fails, and number `second` of those that are
+    /// left (0: none).
+    void closeWith(FaultyFiles::Fault fault, int first, int second = 0) {
         files.files.clear();
         workOnA();
-        disk.breakAt(operation, FaultyFiles::Fault::Fail);
+        disk.breakAt(second, fault);
+        above.breakAt(first, fault);
         expectSaveQuestion(Answer::Yes);
-        offerToSave(program);
+        mayGoOn = offerToSave(programAbove);
+    }
+    bool isRecovered() {
+        for (const auto& folder :
+             {grades, state.places.documents, state.places.localData, state.places.temporary})
+            if (bytesOn(folder / "Recovered.qrv") == sampleFile()) return true;
+        return false;
+    }
+    void expectKept() {
         const bool saved = bytesOn(aFile) == sampleFile();
-        EXPECT_TRUE(saved || bytesOn(aFile) == hex("01")) << operation;
-        EXPECT_EQ(file("Grades/Recovered.qrv").has_value(), !saved) << operation;
-        if (!saved) {
-            EXPECT_EQ(file("Grades/Recovered.qrv"), sampleFile()) << operation;
+        EXPECT_TRUE(saved || bytesOn(aFile) == hex("01"));
+        EXPECT_EQ(isRecovered(), !saved);
+        EXPECT_EQ(state.isDirty, !saved);
+        EXPECT_TRUE(mayGoOn);
+    }
+
+    FaultyFiles above{disk};
+    Ports portsAbove{dialogs, above, printer, canvas, clock, shell};
+    CommandContext programAbove{sheet, state, window, portsAbove};
+};
+
+TEST_F(ClosingUnderFaults, AnyFailureLeavesTheOldFileAndARecoveredSheetOrTheNewFile) {
+    for (const auto fault : {FaultyFiles::Fault::Fail, FaultyFiles::Fault::Shorten}) {
+        closeWith(fault, 0);
+        const int operations = above.operations();
+        for (int operation = 1; operation <= operations; ++operation) {
+            closeWith(fault, operation);
+            SCOPED_TRACE(operation);
+            expectKept();
+            EXPECT_EQ(file("Grades/Recovered.qrv").has_value(), isRecovered());
+        }
+    }
+}
+
+TEST_F(ClosingUnderFaults, AnyTwoFailuresLeaveTheSheetWholeSomewhere) {
+    for (const auto fault : {FaultyFiles::Fault::Fail, FaultyFiles::Fault::Shorten}) {
+        closeWith(fault, 0);
+        const int operations = above.operations();
+        for (int first = 1; first <= operations; ++first) {
+            closeWith(fault, first);
+            const int left = disk.operations();
+            for (int second = 1; second <= left; ++second) {
+                closeWith(fault, first, second);
+                SCOPED_TRACE(testing::Message() << first << " and " << second);
+                expectKept();
+                ASSERT_FALSE(HasFailure());
+            }
         }
     }
 }

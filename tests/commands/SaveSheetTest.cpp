@@ -230,28 +230,61 @@ TEST_F(FailedSave, DoesNotRunTheHooks) {
     EXPECT_TRUE(window.calls.empty());
 }
 
-TEST_F(FailedSave, OfAnyOperationLeavesTheOldFileOrTheNewOneAndSaysWhich) {
-    workOnA();
-    const Bytes old(25 * 128, std::byte{0xAB});
-    const Bytes renewed = sampleFile() + Bytes(6 * 128, std::byte{0xAB});
-    files.files[aFile] = old;
-    mnuSave(program);
-    ASSERT_EQ(bytesOn(aFile), renewed);
-    const int operations = disk.operations();
-    for (const Fault fault : {Fault::Fail, Fault::Shorten, Fault::PowerCut}) {
-        for (int operation = 1; operation <= operations; ++operation) {
-            files.files.clear();
-            workOnA();
-            files.files[aFile] = old;
-            disk.breakAt(operation, fault);
-            mnuSave(program);
-            const Bytes bytes = bytesOn(aFile);
-            EXPECT_TRUE(bytes == old || bytes == renewed) << operation;
-            if (fault == Fault::PowerCut) continue;
-            EXPECT_EQ(state.isDirty, bytes == old) << operation;
-            EXPECT_EQ(state.saveMode, bytes == old ? SaveMode::SaveAs : SaveMode::Save);
-            EXPECT_EQ(files.list(grades).size(), 1U) << operation;
+class FailedOperation : public FileCommands {
+  protected:
+    /// Saves over an older, longer sheet; operation number `operation` fails (0: none).
+    void save(int operation, Fault fault) {
+        files.files.clear();
+        workOnA();
+        files.files[aFile] = old;
+        disk.breakAt(operation, fault);
+        mnuSave(program);
+    }
+    void expectOldOrNew(int operation) {
+        const Bytes bytes = bytesOn(aFile);
+        EXPECT_TRUE(bytes == old || bytes == renewed) << operation;
+    }
+    void expectToldWhich(int operation) {
+        const bool isOld = bytesOn(aFile) == old;
+        EXPECT_EQ(state.isDirty, isOld) << operation;
+        EXPECT_EQ(state.saveMode, isOld ? SaveMode::SaveAs : SaveMode::Save) << operation;
+        EXPECT_EQ(state.currentPath, aFile) << operation;
+        EXPECT_EQ(window.calls.empty(), isOld) << operation;
+        EXPECT_EQ(files.list(grades).size(), 1U) << operation;
+    }
+    void failEveryOperation() {
+        save(0, Fault::Fail);
+        ASSERT_EQ(bytesOn(aFile), renewed);
+        const int operations = disk.operations();
+        for (const Fault fault : {Fault::Fail, Fault::Shorten}) {
+            for (int operation = 1; operation <= operations; ++operation) {
+                window.calls.clear();
+                save(operation, fault);
+                expectOldOrNew(operation);
+                expectToldWhich(operation);
+            }
         }
+    }
+
+    const Bytes old = Bytes(25 * 128, std::byte{0xAB});
+    const Bytes renewed = sampleFile() + Bytes(6 * 128, std::byte{0xAB});
+};
+
+TEST_F(FailedOperation, LeavesTheOldFileOrTheNewOneAndSaysWhich) {
+    failEveryOperation();
+}
+
+TEST_F(FailedOperation, SaysTheSameOfAFileThatIsWrittenInPlace) {
+    disk.held.insert(aFile);
+    failEveryOperation();
+}
+
+TEST_F(FailedOperation, WithThePowerGoneLeavesTheOldFileOrTheNewOne) {
+    save(0, Fault::PowerCut);
+    const int operations = disk.operations();
+    for (int operation = 1; operation <= operations; ++operation) {
+        save(operation, Fault::PowerCut);
+        expectOldOrNew(operation);
     }
 }
 

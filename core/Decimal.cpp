@@ -22,6 +22,11 @@ constexpr std::array<std::int64_t, shortDigits + 1> powersOfTen = [] {
     return powers;
 }();
 
+bool isShort(std::int64_t number) {
+    constexpr std::int64_t tooLong = powersOfTen[shortDigits];
+    return number > -tooLong && number < tooLong;
+}
+
 std::uint64_t magnitudeOf(std::int64_t number) {
     return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
 }
@@ -120,8 +125,7 @@ void dropDigits(Quotient& quotient, std::size_t count) {
 }  // namespace
 
 Decimal::Decimal(std::int64_t number) {
-    constexpr std::int64_t tooLong = powersOfTen[shortDigits];
-    if (number > -tooLong && number < tooLong)
+    if (isShort(number))
         units_ = number;
     else
         *this = Decimal(number < 0, digitsOf(magnitudeOf(number)), 0);
@@ -178,10 +182,14 @@ bool Decimal::addShort(const Decimal& other) {
     const std::size_t mine = digits - fractionDigits_;
     const std::size_t theirs = digits - other.fractionDigits_;
     if (mine > shortDigits || theirs > shortDigits) return false;
-    const Wide sum = Wide{units_} * powersOfTen[mine] + Wide{other.units_} * powersOfTen[theirs];
-    if (sum <= -Wide{powersOfTen[shortDigits]} || sum >= Wide{powersOfTen[shortDigits]})
+    std::int64_t left = 0;
+    std::int64_t right = 0;
+    std::int64_t sum = 0;
+    if (__builtin_mul_overflow(units_, powersOfTen[mine], &left) ||
+        __builtin_mul_overflow(other.units_, powersOfTen[theirs], &right) ||
+        __builtin_add_overflow(left, right, &sum) || !isShort(sum))
         return false;
-    units_ = static_cast<std::int64_t>(sum);
+    units_ = sum;
     fractionDigits_ = digits;
     dropNeedlessZeros();
     return true;
@@ -203,18 +211,18 @@ void Decimal::addLong(const Decimal& other) {
 
 /// The digits without sign and decimal point; none for 0.
 std::string Decimal::magnitude() const {
-    return isLong() ? digits_ : digitsOf(magnitudeOf(units_));
+    if (isLong()) return digits_;
+    return units_ == 0 ? std::string() : std::to_string(magnitudeOf(units_));
 }
 
 Decimal Decimal::scaledDown(std::int64_t factor, std::int64_t divisor) const {
     if (!isLong() && fractionDigits_ <= shortDigits) {
-        const Wide dividend = Wide{units_} * factor;
-        const Wide whole = Wide{divisor} * powersOfTen[fractionDigits_];
-        const bool isCutUp = dividend % whole != 0 && (dividend < 0) != (whole < 0);
-        const Wide quotient = dividend / whole - (isCutUp ? 1 : 0);
-        if (quotient >= std::numeric_limits<std::int64_t>::min() &&
-            quotient <= std::numeric_limits<std::int64_t>::max())
-            return Decimal(static_cast<std::int64_t>(quotient));
+        std::int64_t dividend = 0;
+        std::int64_t whole = 0;
+        if (!__builtin_mul_overflow(units_, factor, &dividend) &&
+            !__builtin_mul_overflow(divisor, powersOfTen[fractionDigits_], &whole) &&
+            dividend > std::numeric_limits<std::int64_t>::min())
+            return Decimal(divideDown(dividend, whole));
     }
     Quotient quotient =
         quotientOf(productOf(magnitude(), magnitudeOf(factor)), magnitudeOf(divisor));
@@ -276,7 +284,10 @@ std::string Decimal::text() const {
 }
 
 std::string Decimal::tenthsText() const {
-    return Decimal(isNegative(), magnitude(), fractionDigits_ + 1).text();
+    Decimal number = *this;
+    ++number.fractionDigits_;
+    number.dropNeedlessZeros();
+    return number.text();
 }
 
 std::int64_t Decimal::toInteger() const {

@@ -102,10 +102,10 @@ void GradeSheet::setAssignment(int assignment, std::string_view name, std::int16
     changed.value = value;
 }
 
-void GradeSheet::setScore(int assignment, int student, const Score& score) {
+void GradeSheet::setScore(int assignment, int student, const TaggedView& value) {
     Assignment& changed = column(assignment);
     checkNumber("Student", student, studentCount());
-    changed.scores.setScore(student, score);
+    changed.scores.setValue(student, value);
 }
 
 void GradeSheet::addStudent(std::string_view name, std::string_view alias) {
@@ -182,8 +182,8 @@ void GradeSheet::sortRoster(const CodePage& codePage) {
 
 void GradeSheet::recomputeFigures(const GradingScale& scale) {
     if (students_.empty()) return;
-    std::vector<std::int16_t> earned(students_.size());
-    std::vector<std::int16_t> possible(students_.size());
+    std::vector<std::int32_t> earned(students_.size());
+    std::vector<std::int32_t> possible(students_.size());
     for (const Assignment& assignment : assignments_)
         assignment.scores.addPoints(assignment.value, earned, possible);
 
@@ -196,8 +196,8 @@ void GradeSheet::recomputeFigures(const GradingScale& scale) {
     }
     const std::vector<int> ranks = ranksOf(percentages);
     for (std::size_t i = 0; i < students_.size(); ++i)
-        students_[i].figures = {.pointsEarned = earned[i],
-                                .pointsPossible = possible[i],
+        students_[i].figures = {.pointsEarned = static_cast<std::int16_t>(earned[i]),
+                                .pointsPossible = static_cast<std::int16_t>(possible[i]),
                                 .percentageTenths = percentages[i],
                                 .letterGrade = thresholds.letterFor(percentages[i]),
                                 .rank = ranks[i]};

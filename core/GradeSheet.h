@@ -57,7 +57,10 @@ class GradeSheet {
 
     void setStudent(int student, std::string_view name, std::string_view alias);
     void setAssignment(int assignment, std::string_view name, std::int16_t value);
-    void setScore(int assignment, int student, const Score& score);
+    void setScore(int assignment, int student, const TaggedView& value);
+    void setScore(int assignment, int student, const Score& score) {
+        setScore(assignment, student, score.view());
+    }
 
     /// The new student's cells are empty. Throws SheetFullError.
     void addStudent(std::string_view name, std::string_view alias);

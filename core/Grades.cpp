@@ -1,5 +1,7 @@
 #include "core/Grades.h"
 
+#include <utility>
+
 #include "core/Numbers.h"
 
 namespace quorvel {
@@ -10,7 +12,7 @@ constexpr std::int64_t tenthsOfWhole = 1000;  // 100 % in tenths of a percent
 
 }  // namespace
 
-std::int32_t percentageTenths(std::int16_t pointsEarned, std::int16_t pointsPossible) {
+std::int32_t percentageTenths(std::int32_t pointsEarned, std::int32_t pointsPossible) {
     if (pointsPossible == 0) return static_cast<std::int32_t>(tenthsOfWhole);
     return static_cast<std::int32_t>(divideDown(pointsEarned * tenthsOfWhole, pointsPossible));
 }
@@ -25,23 +27,10 @@ std::optional<Decimal> AssignmentAverage::percentTenths() const {
 }
 
 std::optional<AssignmentAverage> assignmentAverage(const GradeSheet& sheet, int assignment) {
-    const ScoreColumn& column = sheet.scores(assignment);
-    AssignmentAverage average;
-    average.value = sheet.assignmentValue(assignment);
-    average.scoreCount = column.zeroCount();
-    std::int64_t wholeSum = 0;
-    for (int student = 1; student <= column.storedCount(); ++student) {
-        const CellPoints points = column.points(student);
-        if (points.empty || points.excused) continue;
-        ++average.scoreCount;
-        if (points.isExact())
-            wholeSum += points.whole;
-        else
-            average.sum += column.score(student).reading();
-    }
-    if (average.scoreCount == 0) return std::nullopt;
-    average.sum += Decimal(wholeSum);
-    return average;
+    auto [sum, count] = sheet.scores(assignment).numericSum();
+    if (count == 0) return std::nullopt;
+    return AssignmentAverage{
+        .sum = std::move(sum), .scoreCount = count, .value = sheet.assignmentValue(assignment)};
 }
 
 std::optional<Decimal> scorePercentageTenths(const Score& score, std::int16_t value) {

@@ -10,7 +10,7 @@
 namespace quorvel {
 
 /// A student's percentage in tenths, cut toward minus infinity; 100 % where nothing is possible.
-std::int32_t percentageTenths(std::int16_t pointsEarned, std::int16_t pointsPossible);
+std::int32_t percentageTenths(std::int32_t pointsEarned, std::int32_t pointsPossible);
 
 /// The average over an assignment's numeric scores: neither excused nor empty ones count.
 struct AssignmentAverage {

@@ -10,12 +10,16 @@ bool Score::isExcused() const {
 }
 
 Decimal Score::reading() const {
-    if (const auto* const number = std::get_if<std::int16_t>(&value_)) return Decimal(*number);
-    if (const auto* const number = std::get_if<std::int32_t>(&value_)) return Decimal(*number);
-    if (const auto* const held = std::get_if<std::string>(&value_))
-        return isNumberText(*held) ? Decimal::fromText(*held) : Decimal();
+    return readingOf(view());
+}
+
+Decimal readingOf(const TaggedView& value) {
+    if (const auto* const number = std::get_if<std::int16_t>(&value)) return Decimal(*number);
+    if (const auto* const number = std::get_if<std::int32_t>(&value)) return Decimal(*number);
+    if (const auto* const text = std::get_if<std::string_view>(&value))
+        return isNumberText(*text) ? Decimal::fromText(*text) : Decimal();
     // A real counts as the decimal that it is shown as.
-    return Decimal::fromText(text());
+    return Decimal::fromText(textOf(valueOf(value)));
 }
 
 Score scoreFromEntry(std::string_view typed, const CodePage& codePage) {

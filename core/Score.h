@@ -46,10 +46,10 @@ class Score {
     bool isNumeric() const { return !isEmpty() && !isExcused(); }
 
     const TaggedValue& value() const { return value_; }
+    TaggedView view() const { return viewOf(value_); }
     /// What the editor and the prompts show: "E", decimal text, or nothing.
     std::string text() const { return textOf(value_); }
-    /// The exact numeric reading; 0 for an empty or excused cell, and for a text that is not wholly
-    /// a number.
+    /// The exact numeric reading; see readingOf.
     Decimal reading() const;
 
     bool operator==(const Score&) const = default;
@@ -57,6 +57,10 @@ class Score {
   private:
     TaggedValue value_;
 };
+
+/// What a score of this value counts as, exactly; 0 for an empty or excused one, and for a text
+/// that is not wholly a number.
+Decimal readingOf(const TaggedView& value);
 
 /// The score that a typed text stands for: "E" in any case is excused; anything else is its leading
 /// number without sign, a fraction of one half or more rounded up and a smaller one kept, as text.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -28,6 +29,9 @@ constexpr std::int32_t packed(const CellPoints& points) {
 constexpr std::int32_t packedEmpty = packed(CellPoints{});
 constexpr std::int32_t packedZero = packed(CellPoints{.empty = false});
 
+constexpr std::int32_t smallestSum = std::numeric_limits<std::int16_t>::min();
+constexpr std::int32_t largestSum = std::numeric_limits<std::int16_t>::max();
+
 /// The value of a text of a few digits, which nearly every score is; -1 for any other.
 std::int32_t fewDigits(std::string_view text) {
     constexpr std::size_t few = 6;
@@ -40,20 +44,31 @@ std::int32_t fewDigits(std::string_view text) {
     return number;
 }
 
-CellPoints pointsOf(const Score& score) {
+bool isEmpty(const TaggedView& value) {
+    return std::holds_alternative<std::monostate>(value);
+}
+
+bool isZero(const TaggedView& value) {
+    const auto* const number = std::get_if<std::int16_t>(&value);
+    return number != nullptr && *number == 0;
+}
+
+CellPoints pointsOf(const TaggedView& value) {
     CellPoints points;
-    points.empty = score.isEmpty();
-    points.excused = score.isExcused();
-    if (points.empty || points.excused) return points;
-    if (const auto* const number = std::get_if<std::int16_t>(&score.value())) {
+    points.empty = isEmpty(value);
+    if (points.empty) return points;
+    if (const auto* const number = std::get_if<std::int16_t>(&value)) {
         points.whole = *number;
         return points;
     }
-    if (const auto* const text = std::get_if<std::string>(&score.value())) {
+    if (const auto* const text = std::get_if<std::string_view>(&value)) {
         points.whole = fewDigits(*text);
         if (points.whole >= 0) return points;
+        points.whole = 0;
+        points.excused = *text == Score::excusedMark;
+        if (points.excused) return points;
     }
-    const Decimal reading = score.reading();
+    const Decimal reading = readingOf(value);
     points.whole = static_cast<std::int32_t>(std::clamp<std::int64_t>(
         reading.toInteger(), -CellPoints::wholeLimit, CellPoints::wholeLimit));
     points.fraction = reading.fraction();
@@ -61,16 +76,10 @@ CellPoints pointsOf(const Score& score) {
 }
 
 template <typename Number>
-Score scoreFrom(const std::array<char, 8>& payload) {
+Number numberFrom(const std::array<char, 8>& payload) {
     Number number{};
     std::memcpy(&number, payload.data(), sizeof number);
-    return Score(TaggedValue(number));
-}
-
-/// The sum after an addition came to `result`, which is skipped where 16 bits are too few.
-std::int16_t keptSum(std::int16_t sum, std::int32_t result) {
-    const auto kept = static_cast<std::int16_t>(result);
-    return kept == result ? kept : sum;
+    return number;
 }
 
 std::size_t indexOf(int student) {
@@ -79,36 +88,50 @@ std::size_t indexOf(int student) {
 
 }  // namespace
 
-Score ScoreColumn::score(int student) const {
-    if (student > storedCount())
-        return student <= storedCount() + zeroCount_ ? Score::zero() : Score();
+TaggedView ScoreColumn::value(int student) const {
+    if (isUnstoredZero(student)) return std::int16_t{0};
+    if (student > storedCount()) return {};
     const Cell& cell = cells_[indexOf(student)];
     switch (static_cast<CellType>(cell.type)) {
         case CellType::Short:
-            return scoreFrom<std::int16_t>(cell.payload);
+            return numberFrom<std::int16_t>(cell.payload);
         case CellType::Long:
-            return scoreFrom<std::int32_t>(cell.payload);
+            return numberFrom<std::int32_t>(cell.payload);
         case CellType::Single:
-            return scoreFrom<float>(cell.payload);
+            return numberFrom<float>(cell.payload);
         case CellType::Double:
-            return scoreFrom<double>(cell.payload);
+            return numberFrom<double>(cell.payload);
         case CellType::Text:
-            return Score::ofText(cell.textLength == longText
-                                     ? std::string_view(longTexts_.at(student))
-                                     : std::string_view(cell.payload.data(), cell.textLength));
+            return cell.textLength == longText
+                       ? std::string_view(longTexts_.at(student))
+                       : std::string_view(cell.payload.data(), cell.textLength);
         case CellType::Empty:
             break;
     }
     return {};
 }
 
-ScoreColumn::Cell ScoreColumn::cellOf(const Score& score) {
+CellPoints ScoreColumn::points(int student) const {
+    CellPoints points;
+    if (student > storedCount()) {
+        points.empty = !isUnstoredZero(student);
+        return points;
+    }
+    const PackedPoints bits = points_[indexOf(student)];
+    points.whole = bits >> wholeShift;
+    points.fraction = static_cast<Fraction>(bits & fractionMask);
+    points.excused = (bits & excusedBit) != 0;
+    points.empty = (bits & emptyBit) != 0;
+    return points;
+}
+
+ScoreColumn::Cell ScoreColumn::cellOf(const TaggedView& value) {
     Cell cell;
-    cell.type = static_cast<std::uint8_t>(score.value().index());
+    cell.type = static_cast<std::uint8_t>(value.index());
     std::visit(
         [&cell](const auto& held) {
             using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::string>) {
+            if constexpr (std::is_same_v<Held, std::string_view>) {
                 const bool fits = held.size() <= cell.payload.size();
                 cell.textLength = fits ? static_cast<std::uint8_t>(held.size()) : longText;
                 if (fits) std::memcpy(cell.payload.data(), held.data(), held.size());
@@ -116,46 +139,47 @@ ScoreColumn::Cell ScoreColumn::cellOf(const Score& score) {
                 std::memcpy(cell.payload.data(), &held, sizeof held);
             }
         },
-        score.value());
+        value);
     return cell;
 }
 
-void ScoreColumn::setScore(int student, const Score& score) {
+void ScoreColumn::setValue(int student, const TaggedView& value) {
     if (student > storedCount()) {
-        if (holdsUnstored(student, score)) return;
+        if (holdsUnstored(student, value)) return;
         storeThrough(student);
     }
-    const Cell cell = cellOf(score);
-    const PackedPoints points = packed(pointsOf(score));
+    const Cell cell = cellOf(value);
+    const PackedPoints points = packed(pointsOf(value));
     Cell& changed = cells_[indexOf(student)];
     if (cell.textLength == longText)
-        longTexts_.insert_or_assign(student, std::get<std::string>(score.value()));
+        longTexts_.insert_or_assign(student, std::string(std::get<std::string_view>(value)));
     else if (changed.textLength == longText)
         longTexts_.erase(student);
     changed = cell;
     points_[indexOf(student)] = points;
 }
 
-/// Whether a cell behind the stored ones holds the score without being stored, as it does when a 0
+/// Whether a cell behind the stored ones holds the value without being stored, as it does when a 0
 /// comes directly behind the zeros.
-bool ScoreColumn::holdsUnstored(int student, const Score& score) {
+bool ScoreColumn::holdsUnstored(int student, const TaggedView& value) {
     const int firstEmpty = storedCount() + zeroCount_ + 1;
-    if (student < firstEmpty) return score.isZero();
-    if (student > firstEmpty || !score.isZero()) return score.isEmpty();
+    if (student < firstEmpty) return isZero(value);
+    if (student > firstEmpty || !isZero(value)) return isEmpty(value);
     ++zeroCount_;
     return true;
 }
 
 /// Stores the cells up to `student` as they are. Requires student > storedCount().
 void ScoreColumn::storeThrough(int student) {
-    const std::size_t firstNew = points_.size();
-    const std::size_t count = static_cast<std::size_t>(student);
-    // Cells first: should the points then find no memory, cells behind theirs do not count.
-    cells_.resize(count);
-    points_.resize(count, packedEmpty);
-    const std::size_t zeros = std::min(static_cast<std::size_t>(zeroCount_), count - firstNew);
-    for (std::size_t i = firstNew; i < firstNew + zeros; ++i) setZero(i);
-    zeroCount_ -= static_cast<int>(zeros);
+    // One more than there are points for is what an earlier lack of memory left.
+    cells_.resize(points_.size());
+    while (storedCount() < student) {
+        cells_.emplace_back();
+        points_.push_back(packedEmpty);
+        if (zeroCount_ == 0) continue;
+        setZero(points_.size() - 1);
+        --zeroCount_;
+    }
 }
 
 void ScoreColumn::setZero(std::size_t index) {
@@ -197,50 +221,76 @@ void ScoreColumn::remove(int student) {
 void ScoreColumn::reorder(std::span<const int> order) {
     const bool allZeros = zeroCount_ == static_cast<int>(order.size());
     if (storedCount() == 0 && (zeroCount_ == 0 || allZeros)) return;
+    // Stored only as far as values come, so that a column stays as short as it can.
+    const auto last = static_cast<std::size_t>(lastStoredIn(order));
     ScoreColumn ordered;
-    for (std::size_t i = 0; i < order.size(); ++i)
-        ordered.takeCell(static_cast<int>(i) + 1, *this, order[i]);
+    ordered.takeStored(*this, order.first(last));
+    for (std::size_t i = last; i < order.size(); ++i)
+        ordered.setValue(static_cast<int>(i) + 1, value(order[i]));
     *this = std::move(ordered);
 }
 
-/// Gives `student`, who has no stored cell yet, the one that `source` has in another column.
-void ScoreColumn::takeCell(int student, const ScoreColumn& from, int source) {
-    if (source > from.storedCount()) return setScore(student, from.score(source));
-    // Stored only as far as values come, so that a column stays as short as it can.
-    if (from.points(source).empty) return;
-    const Cell& cell = from.cells_[indexOf(source)];
-    storeThrough(student);
-    if (cell.textLength == longText) longTexts_.emplace(student, from.longTexts_.at(source));
-    cells_[indexOf(student)] = cell;
-    points_[indexOf(student)] = from.points_[indexOf(source)];
+/// The last place in the order that a stored value comes to; 0 without one.
+int ScoreColumn::lastStoredIn(std::span<const int> order) const {
+    const auto isStored = [this](int student) {
+        return student <= storedCount() && !points(student).empty;
+    };
+    const auto last = std::ranges::find_if(order.rbegin(), order.rend(), isStored);
+    return static_cast<int>(order.rend() - last);
 }
 
-void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
-                            std::span<std::int16_t> possible) const {
+/// Fills a column that is still empty with the cells of these students.
+void ScoreColumn::takeStored(const ScoreColumn& from, std::span<const int> order) {
+    cells_.resize(order.size());
+    points_.resize(order.size(), packedEmpty);
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const int source = order[i];
+        if (source > from.storedCount()) {
+            if (from.isUnstoredZero(source)) setZero(i);
+            continue;
+        }
+        cells_[i] = from.cells_[indexOf(source)];
+        points_[i] = from.points_[indexOf(source)];
+        if (cells_[i].textLength == longText)
+            longTexts_.emplace(static_cast<int>(i) + 1, from.longTexts_.at(source));
+    }
+}
+
+void ScoreColumn::addPoints(std::int16_t value, std::span<std::int32_t> earned,
+                            std::span<std::int32_t> possible) const {
+    // From sums outside of these the value would lead out of 16 bits.
+    const std::int32_t lowest = smallestSum - std::min<std::int32_t>(value, 0);
+    const std::int32_t highest = largestSum - std::max<std::int32_t>(value, 0);
     const std::size_t stored = std::min(points_.size(), earned.size());
     for (std::size_t i = 0; i < stored; ++i) {
         const PackedPoints points = points_[i];
         const std::int32_t whole = earned[i] + (points >> wholeShift);
         // The fractions are numbered so that this is 1 above one half, and at one half beside an
         // odd whole number: halves go to the even neighbour.
-        const std::int32_t roundedUp = ((points & fractionMask) + (whole & 1) + 1) >> 2;
-        earned[i] = keptSum(earned[i], whole + roundedUp);
-        const std::int32_t counted = (points & excusedBit) != 0 ? 0 : value;
-        possible[i] = keptSum(possible[i], possible[i] + counted);
+        const std::int32_t sum = whole + (((points & fractionMask) + (whole & 1) + 1) >> 2);
+        earned[i] = (sum < smallestSum) | (sum > largestSum) ? earned[i] : sum;
+        const bool isExcused = (points & excusedBit) != 0;
+        possible[i] += isExcused | (possible[i] < lowest) | (possible[i] > highest) ? 0 : value;
     }
     if (value == 0) return;
     for (std::size_t i = stored; i < possible.size(); ++i)
-        possible[i] = keptSum(possible[i], possible[i] + value);
+        possible[i] += (possible[i] < lowest) | (possible[i] > highest) ? 0 : value;
 }
 
-CellPoints ScoreColumn::points(int student) const {
-    const PackedPoints bits = points_[indexOf(student)];
-    CellPoints points;
-    points.whole = bits >> wholeShift;
-    points.fraction = static_cast<Fraction>(bits & fractionMask);
-    points.excused = (bits & excusedBit) != 0;
-    points.empty = (bits & emptyBit) != 0;
-    return points;
+ScoreColumn::NumericSum ScoreColumn::numericSum() const {
+    NumericSum numeric{.sum = {}, .count = zeroCount_};
+    std::int64_t wholeSum = 0;
+    for (int student = 1; student <= storedCount(); ++student) {
+        const CellPoints cell = points(student);
+        if (cell.empty || cell.excused) continue;
+        ++numeric.count;
+        if (cell.isExact())
+            wholeSum += cell.whole;
+        else
+            numeric.sum += readingOf(value(student));
+    }
+    numeric.sum += Decimal(wholeSum);
+    return numeric;
 }
 
 }  // namespace quorvel

@@ -35,10 +35,15 @@ struct CellPoints {
 /// typed value takes no memory.
 class ScoreColumn {
   public:
-    /// Requires student >= 1.
-    Score score(int student) const;
+    // All require student >= 1.
+    Score score(int student) const { return Score(valueOf(value(student))); }
+    /// Lies in the column until that changes.
+    TaggedView value(int student) const;
+    CellPoints points(int student) const;
+
+    void setScore(int student, const Score& score) { setValue(student, score.view()); }
     /// A column that finds no memory stays as it was.
-    void setScore(int student, const Score& score);
+    void setValue(int student, const TaggedView& value);
 
     /// Puts the whole number 0 into every empty cell up to `studentCount`. Takes no memory.
     void fillEmpty(int studentCount);
@@ -53,15 +58,20 @@ class ScoreColumn {
     /// student after the other: an excused cell adds to neither, an empty one adds 0 to the earned.
     /// Each sum is rounded to a whole number, halves to even; an addition whose sum does not fit
     /// into 16 bits is skipped. Both spans hold one sum a student.
-    void addPoints(std::int16_t value, std::span<std::int16_t> earned,
-                   std::span<std::int16_t> possible) const;
+    void addPoints(std::int16_t value, std::span<std::int32_t> earned,
+                   std::span<std::int32_t> possible) const;
+
+    /// The sum and the number of all numeric scores: neither excused nor empty ones count.
+    struct NumericSum {
+        Decimal sum;
+        std::int64_t count = 0;
+    };
+    NumericSum numericSum() const;
 
     /// The number of students up to the last stored cell.
     int storedCount() const { return static_cast<int>(points_.size()); }
     /// How many cells behind the stored ones hold the whole number 0; those behind them are empty.
     int zeroCount() const { return zeroCount_; }
-    /// Requires 1 <= student <= storedCount().
-    CellPoints points(int student) const;
 
   private:
     /// A CellPoints in 32 bits, since every recomputation reads all of them.
@@ -74,10 +84,14 @@ class ScoreColumn {
         std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
     };
 
-    static Cell cellOf(const Score& score);
-    bool holdsUnstored(int student, const Score& score);
+    static Cell cellOf(const TaggedView& value);
+    bool holdsUnstored(int student, const TaggedView& value);
+    bool isUnstoredZero(int student) const {
+        return student > storedCount() && student <= storedCount() + zeroCount_;
+    }
+    int lastStoredIn(std::span<const int> order) const;
+    void takeStored(const ScoreColumn& from, std::span<const int> order);
     void storeThrough(int student);
-    void takeCell(int student, const ScoreColumn& from, int source);
     void setZero(std::size_t index);
 
     /// A cell's points and its value, one of each for every stored cell.

@@ -1,10 +1,27 @@
 #include "core/TaggedValue.h"
 
 #include <type_traits>
+#include <utility>
 
 #include "core/Numbers.h"
 
 namespace quorvel {
+
+TaggedView viewOf(const TaggedValue& value) {
+    return std::visit([](const auto& held) { return TaggedView(held); }, value);
+}
+
+TaggedValue valueOf(const TaggedView& view) {
+    return std::visit(
+        [](const auto& held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::string_view>)
+                return TaggedValue(std::in_place_type<std::string>, held);
+            else
+                return TaggedValue(held);
+        },
+        view);
+}
 
 std::string textOf(const TaggedValue& value) {
     return std::visit(

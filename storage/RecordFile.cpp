@@ -31,7 +31,7 @@ static_assert(blockSize % recordSize == 0);
 
 /// The little-endian number at the start of `bytes`; nothing when they are too few.
 template <typename Number>
-std::optional<Number> numberAt(std::span<const std::byte> bytes) {
+inline std::optional<Number> numberAt(std::span<const std::byte> bytes) {
     if (bytes.size() < sizeof(Number)) return std::nullopt;
     std::uint64_t bits = 0;
     for (std::size_t index = 0; index < sizeof(Number); ++index) {
@@ -48,7 +48,7 @@ std::optional<Number> numberAt(std::span<const std::byte> bytes) {
 
 /// Puts a number at the start of `target`, little-endian, and gives what is left behind it.
 template <typename Number>
-std::span<std::byte> put(std::span<std::byte> target, Number number) {
+inline std::span<std::byte> put(std::span<std::byte> target, Number number) {
     std::uint64_t bits = 0;
     if constexpr (std::is_same_v<Number, float>) {
         bits = std::bit_cast<std::uint32_t>(number);
@@ -66,8 +66,7 @@ std::span<std::byte> put(std::span<std::byte> target, Number number) {
 void putText(std::span<std::byte> target, std::string_view text, std::size_t longest) {
     const std::string_view kept = text.substr(0, longest);
     const auto rest = put(target, static_cast<std::uint16_t>(kept.size()));
-    std::ranges::transform(kept, rest.begin(),
-                           [](char character) { return static_cast<std::byte>(character); });
+    std::ranges::copy(std::as_bytes(std::span(kept)), rest.begin());
 }
 
 /// Puts the type and the value that a tagged value holds.
@@ -79,7 +78,7 @@ struct TaggedValuePutter {
     void operator()(std::int32_t number) const { put(put(record, TypeTag::Integer32), number); }
     void operator()(float number) const { put(put(record, TypeTag::Single), number); }
     void operator()(double number) const { put(put(record, TypeTag::Double), number); }
-    void operator()(const std::string& text) const {
+    void operator()(std::string_view text) const {
         putText(put(record, TypeTag::Text), text, longestTaggedText);
     }
 };
@@ -96,10 +95,8 @@ bool RecordReader::refill() {
     return !bytes_.empty();
 }
 
-bool RecordReader::hasWanted() {
-    if (!atEnd()) return true;
+void RecordReader::noteMissing() {
     if (!firstDamage_) firstDamage_ = DamagedRecord{present_ + 1, "it is missing"};
-    return false;
 }
 
 void RecordReader::skipRest() {
@@ -109,11 +106,20 @@ void RecordReader::skipRest() {
     }
 }
 
+void RecordReader::noteCut() {
+    noteDamage("it is cut short");
+}
+
+void RecordReader::noteTooLong(std::size_t length, std::size_t longest) {
+    noteDamage("a text of " + std::to_string(length) + " characters, where " +
+               std::to_string(longest) + " have room");
+}
+
 void RecordReader::noteDamage(std::string reason) {
     if (!firstDamage_) firstDamage_ = DamagedRecord{present_, std::move(reason)};
 }
 
-std::span<const std::byte> RecordReader::nextRecord() {
+inline std::span<const std::byte> RecordReader::nextRecord() {
     if (!hasWanted()) return {};
     const auto record = bytes_.first(std::min(recordSize, bytes_.size()));
     bytes_ = bytes_.subspan(record.size());
@@ -122,29 +128,28 @@ std::span<const std::byte> RecordReader::nextRecord() {
 }
 
 template <typename Number>
-std::optional<Number> RecordReader::numberIn(std::span<const std::byte> bytes) {
+inline std::optional<Number> RecordReader::numberIn(std::span<const std::byte> bytes) {
     const auto number = numberAt<Number>(bytes);
-    if (!number) noteDamage("it is cut short");
+    if (!number) noteCut();
     return number;
 }
 
 template <typename Number>
-TaggedValue RecordReader::taggedNumberIn(std::span<const std::byte> payload) {
+inline TaggedView RecordReader::taggedNumberIn(std::span<const std::byte> payload) {
     const auto number = numberIn<Number>(payload);
-    return number ? TaggedValue(*number) : TaggedValue();
+    return number ? TaggedView(*number) : TaggedView();
 }
 
-std::optional<std::string_view> RecordReader::textIn(std::span<const std::byte> bytes,
-                                                     std::size_t longest) {
+inline std::optional<std::string_view> RecordReader::textIn(std::span<const std::byte> bytes,
+                                                            std::size_t longest) {
     const auto length = numberIn<std::uint16_t>(bytes);
     if (!length) return std::nullopt;
     const auto characters = bytes.subspan(sizeof *length);
     const std::size_t count = std::min<std::size_t>(*length, characters.size());
     if (*length > longest) {
-        noteDamage("a text of " + std::to_string(*length) + " characters, where " +
-                   std::to_string(longest) + " have room");
+        noteTooLong(*length, longest);
     } else if (count < *length) {
-        noteDamage("it is cut short");
+        noteCut();
     }
     return std::string_view(reinterpret_cast<const char*>(characters.data()), count);
 }
@@ -157,7 +162,7 @@ std::string RecordReader::text() {
     return std::string(textIn(nextRecord(), longestText).value_or(""));
 }
 
-TaggedValue RecordReader::taggedValue() {
+TaggedView RecordReader::taggedView() {
     const auto record = nextRecord();
     const auto tag = numberIn<std::uint16_t>(record);
     if (!tag) return {};
@@ -175,7 +180,7 @@ TaggedValue RecordReader::taggedValue() {
             return taggedNumberIn<double>(payload);
         case TypeTag::Text: {
             const auto text = textIn(payload, longestTaggedText);
-            return text ? TaggedValue(std::in_place_type<std::string>, *text) : TaggedValue();
+            return text ? TaggedView(*text) : TaggedView();
         }
     }
     noteDamage("a value of unknown type " + std::to_string(*tag));
@@ -195,7 +200,7 @@ void RecordWriter::text(std::string_view value) {
     putText(nextRecord(), value, longestText);
 }
 
-void RecordWriter::taggedValue(const TaggedValue& value) {
+void RecordWriter::taggedView(const TaggedView& value) {
     std::visit(TaggedValuePutter{nextRecord()}, value);
 }
 

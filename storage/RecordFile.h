@@ -42,12 +42,18 @@ class RecordReader {
     /// A text cut short by the end of its record is what there is of it.
     std::string text();
     /// A value of unknown type is empty.
-    TaggedValue taggedValue();
+    TaggedValue taggedValue() { return valueOf(taggedView()); }
+    /// The same where it lies, until the next one is read.
+    TaggedView taggedView();
 
     /// True once the next record would start at or behind the end of the bytes.
     bool atEnd() { return bytes_.empty() && !refill(); }
     /// The same where a further record is wanted: it is damaged when it is missing.
-    bool hasWanted();
+    bool hasWanted() {
+        if (!atEnd()) return true;
+        noteMissing();
+        return false;
+    }
     /// Passes over all that is left.
     void skipRest();
 
@@ -60,12 +66,15 @@ class RecordReader {
     void noteDamage(std::string reason);
 
   private:
+    void noteMissing();
+    void noteCut();
+    void noteTooLong(std::size_t length, std::size_t longest);
     std::span<const std::byte> nextRecord();
     // Each notes what of the value is missing or too long.
     template <typename Number>
     std::optional<Number> numberIn(std::span<const std::byte> bytes);
     template <typename Number>
-    TaggedValue taggedNumberIn(std::span<const std::byte> payload);
+    TaggedView taggedNumberIn(std::span<const std::byte> payload);
     std::optional<std::string_view> textIn(std::span<const std::byte> bytes, std::size_t longest);
     bool refill();
 
@@ -83,7 +92,8 @@ class RecordWriter {
   public:
     void integer(std::int16_t value);
     void text(std::string_view value);
-    void taggedValue(const TaggedValue& value);
+    void taggedValue(const TaggedValue& value) { taggedView(viewOf(value)); }
+    void taggedView(const TaggedView& value);
 
     std::span<const std::byte> bytes() const { return bytes_; }
     /// Starts over without giving the memory back.

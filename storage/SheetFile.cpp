@@ -57,7 +57,7 @@ class SheetReader {
         sheet_.recreate(students_, assignments_);
     }
     void score(int assignment, int student) {
-        sheet_.setScore(assignment, student, Score(reader_.taggedValue()));
+        sheet_.setScore(assignment, student, reader_.taggedView());
     }
     void studentName(int) { name_ = reader_.text(); }
     void studentAlias(int student) { sheet_.setStudent(student, name_, reader_.text()); }
@@ -85,7 +85,7 @@ class SheetChecker {
     void sheetTitle() {
         if (isWhole()) check_.sheetTitle = reader_.text();
     }
-    void score(int, int) { reader_.taggedValue(); }
+    void score(int, int) { reader_.taggedView(); }
     void studentName(int) { reader_.text(); }
     void studentAlias(int) { reader_.text(); }
     void assignmentName(int) { reader_.text(); }
@@ -112,7 +112,7 @@ class SheetWriter {
     int assignmentCount() { return count(sheet_.assignmentCountIfSet()); }
     void sheetTitle() { stream_.next().text(sheet_.sheetTitle); }
     void score(int assignment, int student) {
-        stream_.next().taggedValue(sheet_.score(assignment, student).value());
+        stream_.next().taggedView(sheet_.scores(assignment).value(student));
     }
     void studentName(int student) { stream_.next().text(sheet_.studentName(student)); }
     void studentAlias(int student) { stream_.next().text(sheet_.studentAlias(student)); }

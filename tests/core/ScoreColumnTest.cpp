@@ -377,11 +377,11 @@ TEST(ScoreColumn, AddsItsCellsToTheSumsOfTheirStudents) {
     column.setScore(1, text("17"));
     column.setScore(2, Score::excused());
     column.setScore(4, text("2.5"));
-    std::vector<std::int16_t> earned{1, 2, 3, 4, 5};
-    std::vector<std::int16_t> possible{10, 20, 30, 40, 50};
+    std::vector<std::int32_t> earned{1, 2, 3, 4, 5};
+    std::vector<std::int32_t> possible{10, 20, 30, 40, 50};
     column.addPoints(20, earned, possible);
-    EXPECT_EQ(earned, (std::vector<std::int16_t>{18, 2, 3, 6, 5}));
-    EXPECT_EQ(possible, (std::vector<std::int16_t>{30, 20, 50, 60, 70}));
+    EXPECT_EQ(earned, (std::vector<std::int32_t>{18, 2, 3, 6, 5}));
+    EXPECT_EQ(possible, (std::vector<std::int32_t>{30, 20, 50, 60, 70}));
 }
 
 }  // namespace

@@ -39,8 +39,11 @@ bool canBeDrawn(std::string_view text) {
         text, [](char character) { return glyphOf(character, GlyphSet::Plain) == noGlyph; });
 }
 
-constexpr int gridPixels = Canvas::wideWidth * Canvas::gridHeight;
-constexpr int bottomPixels = Canvas::wideWidth * Canvas::bottomHeight;
+constexpr int bandsIn(int height) {
+    return (height + rowPitch - 1) / rowPitch;
+}
+constexpr int gridBands = bandsIn(Canvas::gridHeight);
+constexpr int bottomBands = bandsIn(Canvas::bottomHeight);
 
 }  // namespace
 
@@ -49,7 +52,7 @@ GlyphCanvas::GlyphCanvas(Canvas& canvas) : canvas_(canvas) {
 }
 
 void GlyphCanvas::forget() {
-    places_.assign(gridPixels + bottomPixels, {});
+    places_.assign(static_cast<std::size_t>(gridBands + bottomBands) * Canvas::wideWidth, {});
     placings_.clear();
 }
 
@@ -63,11 +66,18 @@ void GlyphCanvas::release() {
     canvas_.release();
 }
 
+GlyphCanvas::Place& GlyphCanvas::placeOf(const Placing& placing) {
+    const int firstBand = placing.surface == Surface::Grid ? 0 : gridBands;
+    const int band = firstBand + placing.y / rowPitch;
+    return places_[static_cast<std::size_t>(band * Canvas::wideWidth + placing.x)];
+}
+
 void GlyphCanvas::place(Surface surface, int glyph, int x, int y) {
-    const int place = (surface == Surface::Grid ? 0 : gridPixels) + y * Canvas::wideWidth + x;
-    places_[static_cast<std::size_t>(place)].lastPlacing =
-        static_cast<std::int32_t>(placings_.size());
-    placings_.push_back({place, glyph});
+    const Placing placing{surface, glyph, x, y};
+    Place& place = placeOf(placing);
+    if (place.lastPlacing < 0 && place.shownGlyph == glyph) return;
+    place.lastPlacing = static_cast<std::int32_t>(placings_.size());
+    placings_.push_back(placing);
 }
 
 void GlyphCanvas::placeBlanks(Surface surface, GlyphSet set, int x, int y, int slots) {
@@ -90,21 +100,16 @@ void GlyphCanvas::placeText(Surface surface, GlyphSet set, std::string_view text
 
 void GlyphCanvas::finish() {
     for (std::size_t i = 0; i < placings_.size(); ++i) {
-        const auto [index, glyph] = placings_[i];
-        Place& place = places_[static_cast<std::size_t>(index)];
-        if (place.lastPlacing != static_cast<std::int32_t>(i) || place.shownGlyph == glyph)
-            continue;
-        copy(index, glyph);
-        place.shownGlyph = glyph;
+        const Placing& placing = placings_[i];
+        Place& place = placeOf(placing);
+        if (place.lastPlacing != static_cast<std::int32_t>(i)) continue;
+        place.lastPlacing = -1;
+        if (place.shownGlyph == placing.glyph) continue;
+        canvas_.copyGlyph(placing.surface, placing.glyph, placing.x, placing.y);
+        place.shownGlyph = placing.glyph;
     }
     placings_.clear();
     canvas_.show();
-}
-
-void GlyphCanvas::copy(int place, int glyph) {
-    const Surface surface = place < gridPixels ? Surface::Grid : Surface::Bottom;
-    const int pixel = place % gridPixels;
-    canvas_.copyGlyph(surface, glyph, pixel % Canvas::wideWidth, pixel / Canvas::wideWidth);
 }
 
 }  // namespace quorvel

@@ -19,7 +19,7 @@ class GlyphCanvas {
     void release();
 
     /// Wants `glyph` with its upper left corner at pixel (x, y) of the wide canvas. The glyph
-    /// placed last stays on top where two overlap.
+    /// placed last stays on top where two overlap. All glyphs of a row band stand at one height.
     void place(Surface surface, int glyph, int x, int y);
     /// Places blanks of `set` into `slots` neighbouring slots from x on.
     void placeBlanks(Surface surface, GlyphSet set, int x, int y, int slots);
@@ -31,23 +31,26 @@ class GlyphCanvas {
     void finish();
 
   private:
-    /// What stands with its upper left corner at one pixel.
+    /// What stands at one x in one row band.
     struct Place {
-        std::int32_t lastPlacing = 0;  // its index among the placings since the last finish()
+        std::int32_t lastPlacing = -1;  // its index among the placings; -1 without one
         std::int32_t shownGlyph = -1;
     };
     struct Placing {
-        int place;
+        Surface surface;
         int glyph;
+        int x;
+        int y;
     };
 
     /// Nothing is shown anywhere.
     void forget();
-    void copy(int place, int glyph);
+    Place& placeOf(const Placing& placing);
 
     Canvas& canvas_;
-    /// By pixel: the grid's, line by line, and behind them the bottom canvas'.
+    /// The grid's, band by band, and behind them the bottom canvas'.
     std::vector<Place> places_;
+    /// Since the last finish(), but for those of a glyph that stands there already.
     std::vector<Placing> placings_;
 };
 

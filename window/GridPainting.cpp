@@ -12,12 +12,15 @@ using namespace canvas_places;
 
 namespace {
 
-void drawScore(GlyphCanvas& canvas, int row, int column, const Score& score) {
-    if (score.isEmpty()) return;
+/// Nothing where there is no student, no assignment or no score.
+std::string scoreText(const GridView& view, int row, int column) {
+    if (row >= view.studentCount() || column >= view.assignmentCount()) return {};
+    const CellPoints points =
+        view.sheet.scores(view.firstAssignment + column).points(view.firstStudent + row);
+    if (points.empty) return {};
+    if (points.excused) return std::string(Score::excusedMark);
     // A fraction below one half, which entry keeps, is drawn as its whole part.
-    const std::string text =
-        score.isExcused() ? score.text() : std::to_string(score.reading().toInteger());
-    canvas.placeText(Surface::Grid, rowSet(row), text, scoreLeft(column), rowTop(row), scoreSlots);
+    return std::to_string(points.whole);
 }
 
 /// Whole digits right-aligned, then the decimal point and the tenth; both stay blank for a whole
@@ -95,16 +98,11 @@ void drawClassAverage(GlyphCanvas& canvas, const ClassAverage& average) {
 
 }  // namespace
 
-void clearGrid(const Layout& layout, GlyphCanvas& canvas) {
+void clearResultColumns(const Layout& layout, GlyphCanvas& canvas) {
     const int shift = layout.rightColumnsShift;
-    for (int column = 0; column < layout.visibleColumns; ++column)
-        canvas.placeBlanks(Surface::Grid, GlyphSet::Plain, scoreLeft(column), headingTop,
-                           scoreSlots);
     for (int band = 0; band < clearedBands; ++band) {
         const GlyphSet set = rowSet(band);
         const int top = rowTop(band);
-        for (int column = 0; column < layout.visibleColumns; ++column)
-            canvas.placeBlanks(Surface::Grid, set, scoreLeft(column), top, scoreSlots);
         canvas.placeBlanks(Surface::Grid, set, pointsEarnedLeft + shift, top, pointsSlots);
         canvas.placeBlanks(Surface::Grid, set, pointsPossibleLeft + shift, top, pointsSlots);
         canvas.placeBlanks(Surface::Grid, set, percentageLeft + shift, top, percentageWholeSlots);
@@ -114,17 +112,19 @@ void clearGrid(const Layout& layout, GlyphCanvas& canvas) {
 }
 
 void drawColumnNumbers(const GridView& view, GlyphCanvas& canvas) {
-    for (int column = 0; column < view.assignmentCount(); ++column)
+    for (int column = 0; column < view.layout.visibleColumns; ++column) {
+        const bool isShown = column < view.assignmentCount();
         canvas.placeText(Surface::Grid, GlyphSet::Plain,
-                         std::to_string(view.firstAssignment + column), scoreLeft(column),
-                         headingTop, scoreSlots);
+                         isShown ? std::to_string(view.firstAssignment + column) : "",
+                         scoreLeft(column), headingTop, scoreSlots);
+    }
 }
 
 void drawScores(const GridView& view, GlyphCanvas& canvas) {
-    for (int row = 0; row < view.studentCount(); ++row)
-        for (int column = 0; column < view.assignmentCount(); ++column)
-            drawScore(canvas, row, column,
-                      view.sheet.score(view.firstAssignment + column, view.firstStudent + row));
+    for (int row = 0; row < clearedBands; ++row)
+        for (int column = 0; column < view.layout.visibleColumns; ++column)
+            canvas.placeText(Surface::Grid, rowSet(row), scoreText(view, row, column),
+                             scoreLeft(column), rowTop(row), scoreSlots);
 }
 
 void drawClassFigures(const GridView& view, GlyphCanvas& canvas) {

@@ -7,9 +7,11 @@ namespace quorvel {
 
 // Each of these places glyphs; the canvas shows them when it is told to finish.
 
-/// Blanks of every place of the grid that a sheet of any size can fill.
-void clearGrid(const Layout& layout, GlyphCanvas& canvas);
+/// Blanks where the results of a class of any size can stand.
+void clearResultColumns(const Layout& layout, GlyphCanvas& canvas);
+/// Blanks where there is no assignment.
 void drawColumnNumbers(const GridView& view, GlyphCanvas& canvas);
+/// Blanks where there is no score.
 void drawScores(const GridView& view, GlyphCanvas& canvas);
 
 /// The results of the students on screen, the averages of the assignments on screen and the class

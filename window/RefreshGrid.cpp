@@ -34,7 +34,7 @@ void setScrollRange(ScrollBar& bar, int count, int shown) {
 
 void frmQRV::RefreshGrid() {
     setScrollRanges();
-    clearGrid(layout_, canvas_);
+    clearResultColumns(layout_, canvas_);
     showHeadings();
     showNames();
     showRowNumbers();

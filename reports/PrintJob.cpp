@@ -55,26 +55,28 @@ PrintJob::~PrintJob() {
 
 PrintJob& PrintJob::text(std::string_view text) {
     if (line_.empty()) return at(1, text);
-    Piece& piece = line_.back();
-    piece.text += text;
-    piece.right = piece.left + printer_.textWidth(piece.text);
+    line_.text += text;
+    Piece& piece = line_.pieces.back();
+    piece.right = piece.left + printer_.textWidth(line_.textOf(line_.pieces.size() - 1));
     return *this;
 }
 
 PrintJob& PrintJob::at(int column, std::string_view text) {
     const int left = columnLeft(column);
-    if (!line_.empty() && line_.back().right > left) endLine();
-    line_.push_back({column, std::string(text), left, left + printer_.textWidth(text)});
+    if (!line_.empty() && line_.right() > left) endLine();
+    line_.pieces.push_back({column, line_.text.size(), left, left + printer_.textWidth(text)});
+    line_.text += text;
     return *this;
 }
 
 void PrintJob::endLine() {
-    Line ended = std::exchange(line_, {});
     if (fittingPage_) {
-        heldLines_.push_back(std::move(ended));
-    } else {
-        placeLine(std::move(ended));
+        heldLines_.push_back(std::exchange(line_, {}));
+        return;
     }
+    placeLine(line_);
+    line_.text.clear();
+    line_.pieces.clear();
 }
 
 void PrintJob::line(std::string_view content) {
@@ -108,7 +110,7 @@ void PrintJob::beginFittedPage(const PrintFont& font, int columns) {
 void PrintJob::endFittedPage() {
     fittingPage_ = false;
     linePitch_ = pitchFor(static_cast<int>(heldLines_.size()));
-    for (Line& held : std::exchange(heldLines_, {})) placeLine(std::move(held));
+    for (Line& held : std::exchange(heldLines_, {})) placeLine(held);
 }
 
 void PrintJob::finish() {
@@ -120,35 +122,42 @@ int PrintJob::columnLeft(int column) const {
     return (column - 1) * measure_.averageCharacterWidth;
 }
 
+std::string_view PrintJob::Line::textOf(std::size_t piece) const {
+    const std::size_t end = piece + 1 < pieces.size() ? pieces[piece + 1].start : text.size();
+    return std::string_view(text).substr(pieces[piece].start, end - pieces[piece].start);
+}
+
 /// Puts every piece at its column in the selected font, or behind the piece before it.
 void PrintJob::layOut(Line& line) {
     int right = 0;
-    for (Piece& piece : line) {
+    for (std::size_t i = 0; i < line.pieces.size(); ++i) {
+        Piece& piece = line.pieces[i];
         piece.left = std::max(columnLeft(piece.column), right);
-        piece.right = piece.left + printer_.textWidth(piece.text);
+        piece.right = piece.left + printer_.textWidth(line.textOf(i));
         right = piece.right;
     }
 }
 
 /// Lays the line out in characters as narrow as the page needs, which stay selected.
 void PrintJob::narrowToPage(Line& line) {
-    const int wanted = line.back().right;
+    const int wanted = line.right();
     const auto scaled = std::int64_t{measure_.averageCharacterWidth} * page_.width / wanted;
     for (int width = std::max(1, static_cast<int>(scaled)); width >= 1; --width) {
         measure_ = printer_.selectFont(font_, width);
         layOut(line);
-        if (line.back().right <= page_.width) return;
+        if (line.right() <= page_.width) return;
     }
 }
 
-void PrintJob::placeLine(Line line) {
+void PrintJob::placeLine(Line& line) {
     if (top_ + linePitch_ > page_.height) newPage();
-    const bool tooWide = !line.empty() && line.back().right > page_.width;
+    const bool tooWide = !line.empty() && line.right() > page_.width;
     if (tooWide) narrowToPage(line);
     // An empty line is printed, too: a printer of plain text then knows that it is there.
     const int top = page_.top + top_;
     if (line.empty()) printer_.printText(page_.left, top, "");
-    for (const Piece& piece : line) printer_.printText(page_.left + piece.left, top, piece.text);
+    for (std::size_t i = 0; i < line.pieces.size(); ++i)
+        printer_.printText(page_.left + line.pieces[i].left, top, line.textOf(i));
     if (tooWide) measure_ = printer_.selectFont(font_, characterWidth_);
     top_ += linePitch_;
     pageIsEmpty_ = false;

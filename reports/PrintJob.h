@@ -38,14 +38,22 @@ class PrintJob {
     void finish();
 
   private:
-    /// A run of text from a column on; `left` and `right` are where it stands in the text area.
+    /// A run of its line's text, up to that of the next piece, from a column on; `left` and `right`
+    /// are where it stands in the text area.
     struct Piece {
         int column = 1;
-        std::string text;
+        std::size_t start = 0;
         int left = 0;
         int right = 0;
     };
-    using Line = std::vector<Piece>;
+    struct Line {
+        std::string text;
+        std::vector<Piece> pieces;
+
+        bool empty() const { return pieces.empty(); }
+        int right() const { return empty() ? 0 : pieces.back().right; }
+        std::string_view textOf(std::size_t piece) const;
+    };
 
     /// Where text may stand, in the printer's units from the corner of what it can print on.
     struct TextArea {
@@ -60,7 +68,7 @@ class PrintJob {
     int pitchFor(int lineCount) const;
     int columnLeft(int column) const;
     void layOut(Line& line);
-    void placeLine(Line line);
+    void placeLine(Line& line);
     void narrowToPage(Line& line);
 
     Printer& printer_;

@@ -17,27 +17,34 @@ bool breaksLayout(char character) {
 Paper TextPrinter::startJob(const PrintJobSettings& settings) {
     jobTitle_ = settings.title;
     orientation_ = settings.orientation;
-    pages_.assign(1, {});
+    finishedPages_.clear();
+    lines_.clear();
+    pageCount_ = 1;
     fonts_.clear();
     return {.printable = page_};
 }
 
 void TextPrinter::startPage() {
-    pages_.emplace_back();
+    endPage();
+    finishedPages_ += '\f';
+    ++pageCount_;
 }
 
 void TextPrinter::endJob() {
-    for (std::size_t page = 0; page < pages_.size(); ++page) {
-        if (page > 0) text_ += '\f';
-        for (const std::string& line : pages_[page]) {
-            text_.append(line, 0, line.find_last_not_of(' ') + 1);
-            text_ += '\n';
-        }
+    endPage();
+    text_ += finishedPages_;
+}
+
+void TextPrinter::endPage() {
+    for (const std::string& line : lines_) {
+        finishedPages_.append(line, 0, line.find_last_not_of(' ') + 1);
+        finishedPages_ += '\n';
     }
+    lines_.clear();
 }
 
 void TextPrinter::cancelJob() noexcept {
-    pages_.clear();
+    pageCount_ = 0;
 }
 
 FontMeasure TextPrinter::selectFont(const PrintFont& font, int) {
@@ -50,10 +57,9 @@ int TextPrinter::textWidth(std::string_view text) {
 }
 
 void TextPrinter::printText(int left, int top, std::string_view text) {
-    Page& page = pages_.back();
     const auto row = static_cast<std::size_t>(top);
-    if (page.size() <= row) page.resize(row + 1);
-    std::string& line = page[row];
+    if (lines_.size() <= row) lines_.resize(row + 1);
+    std::string& line = lines_[row];
     const auto column = static_cast<std::size_t>(left);
     if (line.size() < column + text.size()) line.resize(column + text.size(), ' ');
     std::replace_copy_if(text.begin(), text.end(), line.begin() + left, breaksLayout, ' ');

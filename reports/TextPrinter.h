@@ -31,18 +31,21 @@ class TextPrinter final : public Printer {
     const std::string& jobTitle() const { return jobTitle_; }
     Orientation orientation() const { return orientation_; }
     /// The pages of the job under way or last ended; 0 when it was cancelled.
-    int pageCount() const { return static_cast<int>(pages_.size()); }
+    int pageCount() const { return pageCount_; }
     /// Every font of the job in the order of its selection.
     const std::vector<PrintFont>& fonts() const { return fonts_; }
 
   private:
-    using Page = std::vector<std::string>;
+    void endPage();
 
     PageSize page_;
     std::string text_;
     std::string jobTitle_;
     Orientation orientation_ = Orientation::Portrait;
-    std::vector<Page> pages_;
+    /// The pages of the job that are done, and the lines of the one under way.
+    std::string finishedPages_;
+    std::vector<std::string> lines_;
+    int pageCount_ = 0;
     std::vector<PrintFont> fonts_;
 };
 

@@ -38,6 +38,8 @@ class LetterThresholds {
 
     /// The grade of a percentage given in tenths of a percent.
     LetterGrade letterFor(std::int64_t percentageTenths) const;
+    /// What A, B, C, D and E need, in that order.
+    const std::array<std::int64_t, 5>& tenths() const { return tenths_; }
 
   private:
     std::array<std::int64_t, 5> tenths_{};

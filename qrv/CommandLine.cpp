@@ -42,6 +42,7 @@ class CommandLine {
         program_.allow_windows_style_options(false);
         addFigures();
         addReport();
+        addPage();
         addExport();
         addImport();
         addCheck();
@@ -90,6 +91,12 @@ class CommandLine {
         command.add_option(name, target, description)->option_text("TEXT");
     }
 
+    void addHeading(CLI::App& command) {
+        addText(command, "--school", request_.school, "The name of the school");
+        addText(command, "--teacher", request_.teacher, "The name of the teacher");
+        addText(command, "--date", request_.date, "Show this in place of today's date");
+    }
+
     void addFormat(CLI::App& command, const std::vector<std::string>& formats) {
         command
             .add_option("--format", request_.format,
@@ -101,6 +108,7 @@ class CommandLine {
 
     void addFigures();
     void addReport();
+    void addPage();
     void addExport();
     void addImport();
     void addCheck();
@@ -140,14 +148,27 @@ void CommandLine::addReport() {
         ->option_text("N");
     command.add_flag("--alias", request_.useAliases,
                      "Print aliases in place of names in reports 2\nand 5");
-    addText(command, "--school", request_.school, "The name of the school");
-    addText(command, "--teacher", request_.teacher, "The name of the teacher");
-    addText(command, "--date", request_.date, "Print this in place of today's date");
+    addHeading(command);
     addText(command, "--time", request_.time, "Print this in place of the current time");
     addOutput(command, "Write to this file in place of standard output");
     addDamaged(command);
     addScale(command);
     command.footer(helpText::report);
+}
+
+void CommandLine::addPage() {
+    CLI::App& command = addCommand("page", "A page for any browser, to look at and to print");
+    addSheets(command);
+    command
+        .add_option("--student", request_.student,
+                    "Only this student, by number, and of all others\nthe class average")
+        ->option_text("N");
+    command.add_flag("--alias", request_.useAliases, "Show aliases; the page then holds no name");
+    addHeading(command);
+    addOutput(command, "Write to this file in place of standard output");
+    addDamaged(command);
+    addScale(command);
+    command.footer(helpText::page);
 }
 
 void CommandLine::addExport() {

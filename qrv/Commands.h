@@ -20,6 +20,7 @@ enum class ExitCode {
 /// UsageError, OutputError and, where nothing at all can be done, InputError.
 ExitCode figures(const Request& request, Environment& environment);
 ExitCode report(const Request& request, Environment& environment);
+ExitCode page(const Request& request, Environment& environment);
 ExitCode exportSheets(const Request& request, Environment& environment);
 ExitCode importSheet(const Request& request, Environment& environment);
 ExitCode check(const Request& request, Environment& environment);

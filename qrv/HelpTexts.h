@@ -24,6 +24,14 @@ names its sheet. An option that a report has no use for is left unused. Reports
 1 and 3 stop at a student without points possible ("Division by zero").
 )";
 
+inline constexpr const char* page =
+    R"(One HTML file that needs no network and no script: how the letters are
+distributed, where every student stands, what is missing, each student's line
+and each assignment's spread. Several sheets are one page with a list of
+contents. --student makes a page of one student of one sheet, without the rank
+or anything else of other students but the class average.
+)";
+
 inline constexpr const char* exportSheets =
     R"(The first line of a csv holds Name, Alias and the names of the assignments, the
 second one Value, nothing and their point values. A line per student follows:

@@ -126,6 +126,11 @@ OpenedSheet openSheet(const std::string& name, const Request& request, Environme
     return opened;
 }
 
+void requireStudent(const std::string& name, const GradeSheet& sheet, int student) {
+    if (student >= 1 && student <= sheet.studentCount()) return;
+    throw InputError(name + ": there is no student " + std::to_string(student));
+}
+
 std::vector<std::string> expandWildcards(const std::vector<std::string>& names, Files& files) {
     std::vector<std::string> expanded;
     for (const std::string& name : names) {

@@ -38,6 +38,9 @@ struct OpenedSheet {
 /// for a damaged one; it is then told of and marked.
 OpenedSheet openSheet(const std::string& name, const Request& request, Environment& environment);
 
+/// Throws InputError where the sheet has no student of this number.
+void requireStudent(const std::string& name, const GradeSheet& sheet, int student);
+
 /// The names with those that have * or ? in their last part replaced by the names of the files that
 /// match, in alphabetical order; one that none matches stays.
 std::vector<std::string> expandWildcards(const std::vector<std::string>& names, Files& files);

@@ -21,11 +21,12 @@ struct Command {
     ExitCode (*run)(const Request& request, Environment& environment);
 };
 
-constexpr std::array<Command, 5> commands{{
+constexpr std::array<Command, 6> commands{{
     {"figures", figures},
     {"report", report},
     {"export", exportSheets},
     {"import", importSheet},
+    {"page", page},
     {"check", check},
 }};
 

@@ -13,6 +13,8 @@ readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript pop
     printer-driver-cups-pdf)
 readonly input_packages=(imagemagick x11-utils xdotool)
 
+readonly browser_packages=(chromium chromium-driver fonts-liberation python3-selenium)
+
 # Runs a command with the rights that installing needs.
 as_administrator() {
     if [[ $(id -u) -eq 0 ]]; then
@@ -41,4 +43,10 @@ install_packages() {
     as_administrator apt-get -q update </dev/null >&2
     as_administrator env DEBIAN_FRONTEND=noninteractive \
         apt-get -q -y --no-install-recommends install "${missing[@]}" </dev/null >&2
+}
+
+# What opens pages in a browser. Where node came from elsewhere it has brought npm.
+install_browser() {
+    install_packages "${browser_packages[@]}"
+    command -v npm >/dev/null || install_packages npm
 }

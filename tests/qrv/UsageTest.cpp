@@ -10,7 +10,7 @@ TEST_F(UsageTest, HelpNamesEveryCommandAndTheScaleInForce) {
     const ProgramRun run = qrv("--help");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.problem, "");
-    for (const char* text : {"figures", "report", "export", "import", "check", "help",
+    for (const char* text : {"figures", "report", "page", "export", "import", "check", "help",
                              "Grading scale in force: 94,86,76,70,60 (built in)"}) {
         EXPECT_NE(run.output.find(text), std::string::npos) << text;
     }
@@ -24,6 +24,8 @@ TEST_F(UsageTest, EveryCommandHelpsWithItsOwnOptions) {
         {"report",
          {"KIND", "--student", "--alias", "--school", "--teacher", "--date", "--time",
           "--damaged"}},
+        {"page",
+         {"--student", "--alias", "--school", "--teacher", "--date", "--output", "--damaged"}},
         {"export", {"--format", "--spreadsheet", "--output", "--damaged"}},
         {"import", {"FILE", "--output", "--title"}},
         {"check", {"--output"}}};
@@ -50,8 +52,8 @@ TEST_F(UsageTest, TellsItsVersion) {
 }
 
 TEST_F(UsageTest, HelpFitsIntoEightyColumns) {
-    for (const char* words : {"--help", "figures --help", "report --help", "export --help",
-                              "import --help", "check --help"}) {
+    for (const char* words : {"--help", "figures --help", "report --help", "page --help",
+                              "export --help", "import --help", "check --help"}) {
         std::istringstream help(qrv(words).output);
         for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 80U) << line;
     }
@@ -61,7 +63,7 @@ TEST_F(UsageTest, WrongCommandLinesAreToldInOneLineWithExitTwo) {
     makeClass();
     const std::pair<const char*, const char*> lines[] = {
         {"", "a command is missing (see qrv --help)"},
-        {"grades class.qrv", "there is no command 'grades'; the nearest is 'figures'"},
+        {"grades class.qrv", "there is no command 'grades'; the nearest is 'page'"},
         {"reprot 1 class.qrv", "there is no command 'reprot'; the nearest is 'report' (see qrv"},
         {"grades --help", "there is no command 'grades'"},
         {"help exprot", "there is no command 'exprot'; the nearest is 'export'"},
@@ -69,6 +71,10 @@ TEST_F(UsageTest, WrongCommandLinesAreToldInOneLineWithExitTwo) {
         {"figures", "figures: SHEET is required (see qrv figures --help)"},
         {"report 1", "report: SHEET is required (see qrv report --help)"},
         {"report class.qrv", "report: KIND: "},
+        {"page", "page: SHEET is required (see qrv page --help)"},
+        {"page class.qrv --time 5PM", "page: there is no option '--time'"},
+        {"page class.qrv --student one", "page: Could not convert: --student"},
+        {"page class.qrv class.qrv --student 1", "page: --student is for one sheet (see qrv"},
         {"export", "export: SHEET is required"},
         {"import -o out.qrv", "import: FILE is required"},
         {"import a.csv b.csv", "import: there is no use for 'b.csv'"},
@@ -123,8 +129,8 @@ TEST_F(UsageTest, AProblemIsOneLineEvenWhereANameHasTwo) {
 TEST_F(UsageTest, AClosedOrFullStandardOutputIsAnError) {
     makeClass();
     for (const char* redirection : {">&-", ">/dev/full"}) {
-        for (const char* words :
-             {"--help", "figures class.qrv", "report 1 class.qrv", "check class.qrv"}) {
+        for (const char* words : {"--help", "figures class.qrv", "report 1 class.qrv",
+                                  "check class.qrv", "page class.qrv"}) {
             const ProgramRun run = qrv(std::string(words) + " " + redirection);
             EXPECT_EQ(run.exitCode, 1) << words << redirection;
             EXPECT_TRUE(isOneLine(run.problem, "qrv: standard output: "));

@@ -1,0 +1,96 @@
+#include "page/MissingSection.h"
+
+namespace quorvel {
+
+namespace {
+
+/// The names behind the gaps' numbers, which count from 1.
+template <typename Entry>
+Html namesOf(const Gap& gap, const std::vector<Entry>& entries) {
+    Html names;
+    for (const int number : gap.others) {
+        names.add("<li>", entries[static_cast<std::size_t>(number) - 1].name, "</li>");
+    }
+    const std::int64_t unnamed = gap.count - static_cast<std::int64_t>(gap.others.size());
+    if (unnamed > 0) names.add("<li>and ", unnamed, " more</li>");
+    return names;
+}
+
+/// A table of gaps: `rows` name whose they are, `across` what they have in the other direction.
+template <typename Row, typename Across>
+Html gapTable(const Html& titleId, const Html& head, const std::vector<Gap>& gaps,
+              const std::vector<Row>& rows, const std::vector<Across>& across) {
+    Html body;
+    for (const Gap& gap : gaps) {
+        const std::string_view cost = gap.costsPoints ? "cost" : "none";
+        body.add("<tr><th scope=\"row\">", rows[static_cast<std::size_t>(gap.number) - 1].name,
+                 "</th><td class=\"", cost, "\">", gap.count, "</td><td class=\"names\">");
+        const bool isAll = gap.count > 1 && static_cast<std::size_t>(gap.count) == across.size();
+        if (isAll) {
+            body.add("all");
+        } else {
+            body.add("<ul>", namesOf(gap, across), "</ul>");
+        }
+        body.add("</td></tr>");
+    }
+    return Html().add("<table class=\"gaps\" aria-labelledby=\"", titleId, "\"><thead><tr>", head,
+                      "</tr></thead><tbody>", body, "</tbody></table>");
+}
+
+Html byStudent(const ClassContent& content, const SectionPlace& place) {
+    if (content.gapsByStudent.empty()) return {};
+    return Html().add(
+        "<div>",
+        partHeading(place.level() + 2, place.id("gaps-students"), Html().add("By student"), Html()),
+        gapTable(place.id("gaps-students"),
+                 Html().add("<th scope=\"col\">Student</th><th scope=\"col\">Empty</th><th "
+                            "scope=\"col\" class=\"names\">Assignments</th>"),
+                 content.gapsByStudent, content.students, content.assignments),
+        "</div>");
+}
+
+Html byAssignment(const ClassContent& content, const SectionPlace& place) {
+    return Html().add(
+        "<div>",
+        partHeading(place.level() + 2, place.id("gaps-assignments"), Html().add("By assignment"),
+                    Html()),
+        gapTable(place.id("gaps-assignments"),
+                 Html().add("<th scope=\"col\">Assignment</th><th scope=\"col\">Empty</th><th "
+                            "scope=\"col\" class=\"names\">Students</th>"),
+                 content.gapsByAssignment, content.assignments, content.students),
+        "</div>");
+}
+
+/// What the empty cells cost.
+Html costOf(const ClassContent& content) {
+    const std::int64_t harmless = content.emptyCount - content.missingCount;
+    Html text;
+    if (content.missingCount > 0) {
+        text.add(counted(content.missingCount, "empty cell counts", "empty cells count"),
+                 " as no points of the full value. ");
+    }
+    if (harmless > 0) {
+        text.add(counted(harmless, "empty cell costs", "empty cells cost"),
+                 " nothing, since the assignment is worth 0; the list of students leaves out such "
+                 "cells.");
+    }
+    return text;
+}
+
+}  // namespace
+
+Html missingSection(const ClassContent& content, const SectionPlace& place) {
+    const bool isWhole = content.emptyCount == 0;
+    Html section;
+    section.add("<section class=\"missing\">",
+                partHeading(place.level() + 1, place.id("missing"), Html().add("What is missing"),
+                            isWhole ? Html().add("Nothing: every cell has a score or an E.")
+                                    : costOf(content)));
+    if (!isWhole) {
+        section.add("<div class=\"pair\">", byStudent(content, place), byAssignment(content, place),
+                    "</div>");
+    }
+    return section.add("</section>");
+}
+
+}  // namespace quorvel

@@ -147,12 +147,26 @@ Decimal Decimal::fromText(std::string_view text) {
     if (number.empty()) return {};
     const bool negative = number[0] == '-';
     if (negative || number[0] == '+') number.remove_prefix(1);
+    if (number.size() <= shortDigits) return shortFromText(negative, number);
     std::string digits(number);
     const std::size_t point = digits.find('.');
     if (point == std::string::npos) return Decimal(negative, std::move(digits), 0);
     digits.erase(point, 1);
     const std::size_t fractionDigits = digits.size() - point;
     return Decimal(negative, std::move(digits), fractionDigits);
+}
+
+/// Requires digits with at most one decimal point, few enough.
+Decimal Decimal::shortFromText(bool negative, std::string_view number) {
+    Decimal decimal;
+    const std::size_t point = number.find('.');
+    if (point != std::string_view::npos) decimal.fractionDigits_ = number.size() - point - 1;
+    for (const char character : number)
+        if (character != '.')
+            decimal.units_ = decimal.units_ * 10 + static_cast<int>(valueOf(character));
+    if (negative) decimal.units_ = -decimal.units_;
+    decimal.dropNeedlessZeros();
+    return decimal;
 }
 
 void Decimal::dropNeedlessZeros() {

@@ -56,6 +56,8 @@ class Decimal {
   private:
     Decimal(bool negative, std::string digits, std::size_t fractionDigits);
 
+    static Decimal shortFromText(bool negative, std::string_view number);
+
     bool isLong() const { return !digits_.empty(); }
     Decimal negated() const;
     std::string magnitude() const;

@@ -19,7 +19,7 @@ Decimal readingOf(const TaggedView& value) {
     if (const auto* const text = std::get_if<std::string_view>(&value))
         return isNumberText(*text) ? Decimal::fromText(*text) : Decimal();
     // A real counts as the decimal that it is shown as.
-    return Decimal::fromText(textOf(valueOf(value)));
+    return Decimal::fromText(textOf(value));
 }
 
 Score scoreFromEntry(std::string_view typed, const CodePage& codePage) {

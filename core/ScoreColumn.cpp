@@ -26,6 +26,12 @@ constexpr std::int32_t packed(const CellPoints& points) {
            (points.excused ? excusedBit : 0) + (points.empty ? emptyBit : 0);
 }
 
+/// Whether the whole part is all there is to the reading.
+constexpr bool isExact(std::int32_t points) {
+    constexpr std::int32_t limit = CellPoints::wholeLimit * (1 << wholeShift);
+    return (points & fractionMask) == 0 && points > -limit && points < limit;
+}
+
 constexpr std::int32_t packedEmpty = packed(CellPoints{});
 constexpr std::int32_t packedZero = packed(CellPoints{.empty = false});
 
@@ -125,22 +131,22 @@ CellPoints ScoreColumn::points(int student) const {
     return points;
 }
 
-ScoreColumn::Cell ScoreColumn::cellOf(const TaggedView& value) {
-    Cell cell;
+/// Puts a value that is no long text into the cell, where it lies: copies of so few bytes would
+/// have to wait for each other.
+void ScoreColumn::put(const TaggedView& value, Cell& cell) {
     cell.type = static_cast<std::uint8_t>(value.index());
+    cell.textLength = 0;
     std::visit(
         [&cell](const auto& held) {
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, std::string_view>) {
-                const bool fits = held.size() <= cell.payload.size();
-                cell.textLength = fits ? static_cast<std::uint8_t>(held.size()) : longText;
-                if (fits) std::memcpy(cell.payload.data(), held.data(), held.size());
+                cell.textLength = static_cast<std::uint8_t>(held.size());
+                std::memcpy(cell.payload.data(), held.data(), held.size());
             } else if constexpr (!std::is_same_v<Held, std::monostate>) {
                 std::memcpy(cell.payload.data(), &held, sizeof held);
             }
         },
         value);
-    return cell;
 }
 
 void ScoreColumn::setValue(int student, const TaggedView& value) {
@@ -148,14 +154,16 @@ void ScoreColumn::setValue(int student, const TaggedView& value) {
         if (holdsUnstored(student, value)) return;
         storeThrough(student);
     }
-    const Cell cell = cellOf(value);
     const PackedPoints points = packed(pointsOf(value));
     Cell& changed = cells_[indexOf(student)];
-    if (cell.textLength == longText)
-        longTexts_.insert_or_assign(student, std::string(std::get<std::string_view>(value)));
-    else if (changed.textLength == longText)
-        longTexts_.erase(student);
-    changed = cell;
+    const auto* const text = std::get_if<std::string_view>(&value);
+    if (text != nullptr && text->size() > changed.payload.size()) {
+        longTexts_.insert_or_assign(student, std::string(*text));
+        changed = {.type = static_cast<std::uint8_t>(CellType::Text), .textLength = longText};
+    } else {
+        if (changed.textLength == longText) longTexts_.erase(student);
+        put(value, changed);
+    }
     points_[indexOf(student)] = points;
 }
 
@@ -280,16 +288,18 @@ void ScoreColumn::addPoints(std::int16_t value, std::span<std::int32_t> earned,
 ScoreColumn::NumericSum ScoreColumn::numericSum() const {
     NumericSum numeric{.sum = {}, .count = zeroCount_};
     std::int64_t wholeSum = 0;
-    for (int student = 1; student <= storedCount(); ++student) {
-        const CellPoints cell = points(student);
-        if (cell.empty || cell.excused) continue;
-        ++numeric.count;
-        if (cell.isExact())
-            wholeSum += cell.whole;
-        else
-            numeric.sum += readingOf(value(student));
+    bool hasOthers = false;
+    for (const PackedPoints points : points_) {
+        const bool counts = (points & (excusedBit | emptyBit)) == 0;
+        const bool isWhole = isExact(points);
+        numeric.count += counts ? 1 : 0;
+        wholeSum += counts & isWhole ? points >> wholeShift : 0;
+        hasOthers |= counts & !isWhole;
     }
-    numeric.sum += Decimal(wholeSum);
+    numeric.sum = Decimal(wholeSum);
+    // What does not count is a whole 0.
+    for (int student = 1; hasOthers && student <= storedCount(); ++student)
+        if (!isExact(points_[indexOf(student)])) numeric.sum += readingOf(value(student));
     return numeric;
 }
 

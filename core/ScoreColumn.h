@@ -23,11 +23,6 @@ struct CellPoints {
     Fraction fraction = Fraction::None;
     bool excused = false;
     bool empty = true;
-
-    /// Whether the whole part is all there is to the reading.
-    bool isExact() const {
-        return fraction == Fraction::None && whole > -wholeLimit && whole < wholeLimit;
-    }
 };
 
 /// The scores of one assignment, for students 1 to any number: stored cells first, behind them
@@ -84,7 +79,7 @@ class ScoreColumn {
         std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
     };
 
-    static Cell cellOf(const TaggedView& value);
+    static void put(const TaggedView& value, Cell& cell);
     bool holdsUnstored(int student, const TaggedView& value);
     bool isUnstoredZero(int student) const {
         return student > storedCount() && student <= storedCount() + zeroCount_;

@@ -23,14 +23,14 @@ TaggedValue valueOf(const TaggedView& view) {
         view);
 }
 
-std::string textOf(const TaggedValue& value) {
+std::string textOf(const TaggedView& value) {
     return std::visit(
         [](const auto& held) -> std::string {
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, std::monostate>)
                 return {};
-            else if constexpr (std::is_same_v<Held, std::string>)
-                return held;
+            else if constexpr (std::is_same_v<Held, std::string_view>)
+                return std::string(held);
             else if constexpr (std::is_floating_point_v<Held>)
                 return decimalText(held);
             else

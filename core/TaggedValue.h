@@ -20,7 +20,10 @@ TaggedView viewOf(const TaggedValue& value);
 TaggedValue valueOf(const TaggedView& view);
 
 /// The value as the user sees it: nothing, decimal text, or the text itself.
-std::string textOf(const TaggedValue& value);
+std::string textOf(const TaggedView& value);
+inline std::string textOf(const TaggedValue& value) {
+    return textOf(viewOf(value));
+}
 
 /// The value as a number: a text reads as its leading number, nothing as 0.
 double numberOf(const TaggedValue& value);

@@ -192,12 +192,30 @@ TEST(ScoreColumn, MarksExcusedAndEmptyCells) {
     EXPECT_EQ(pointsOf(Score()).whole, 0);
 }
 
-TEST(ScoreColumn, KnowsWhereTheWholePartIsAllThereIs) {
-    EXPECT_TRUE(pointsOf(text("17")).isExact());
-    EXPECT_TRUE(pointsOf(text("-999999")).isExact());
-    EXPECT_FALSE(pointsOf(text("17.25")).isExact());
-    EXPECT_FALSE(pointsOf(text("5000000")).isExact());
-    EXPECT_FALSE(pointsOf(text("-5000000")).isExact());
+TEST(ScoreColumn, AddsUpItsNumericScoresExactly) {
+    struct Case {
+        std::vector<Score> scores;
+        const char* sum;
+        int count;
+    };
+    const Case cases[] = {
+        {{}, "0", 0},
+        {{Score(), Score::excused()}, "0", 0},
+        {{text("17"), Score(), text("-999999"), Score::excused(), Score::zero()}, "-999982", 3},
+        {{text("17.25"), text("1.5"), text("2")}, "20.75", 3},
+        {{text("5000000"), text("-7000000.5"), text("absent")}, "-2000000.5", 3},
+    };
+    for (const Case& c : cases) {
+        ScoreColumn column;
+        for (std::size_t i = 0; i < c.scores.size(); ++i)
+            column.setScore(static_cast<int>(i) + 1, c.scores[i]);
+        const auto [sum, count] = column.numericSum();
+        EXPECT_EQ(sum.text(), c.sum);
+        EXPECT_EQ(count, c.count) << c.sum;
+    }
+    ScoreColumn zeros;
+    zeros.fillEmpty(5);
+    EXPECT_EQ(zeros.numericSum().count, 5) << "zeros that are not stored count";
 }
 
 TEST(ScoreColumn, ForgetsTheCellsBehindASmallerCount) {

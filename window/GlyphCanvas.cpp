@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace quorvel {
 
@@ -38,6 +39,8 @@ bool canBeDrawn(std::string_view text) {
     return std::ranges::none_of(
         text, [](char character) { return glyphOf(character, GlyphSet::Plain) == noGlyph; });
 }
+
+constexpr std::size_t mostPlacings = std::numeric_limits<std::int16_t>::max();
 
 constexpr int bandsIn(int height) {
     return (height + rowPitch - 1) / rowPitch;
@@ -76,7 +79,8 @@ void GlyphCanvas::place(Surface surface, int glyph, int x, int y) {
     const Placing placing{surface, glyph, x, y};
     Place& place = placeOf(placing);
     if (place.lastPlacing < 0 && place.shownGlyph == glyph) return;
-    place.lastPlacing = static_cast<std::int32_t>(placings_.size());
+    if (placings_.size() == mostPlacings) copyChanged();
+    place.lastPlacing = static_cast<std::int16_t>(placings_.size());
     placings_.push_back(placing);
 }
 
@@ -99,17 +103,21 @@ void GlyphCanvas::placeText(Surface surface, GlyphSet set, std::string_view text
 }
 
 void GlyphCanvas::finish() {
+    copyChanged();
+    canvas_.show();
+}
+
+void GlyphCanvas::copyChanged() {
     for (std::size_t i = 0; i < placings_.size(); ++i) {
         const Placing& placing = placings_[i];
         Place& place = placeOf(placing);
-        if (place.lastPlacing != static_cast<std::int32_t>(i)) continue;
+        if (place.lastPlacing != static_cast<std::int16_t>(i)) continue;
         place.lastPlacing = -1;
         if (place.shownGlyph == placing.glyph) continue;
         canvas_.copyGlyph(placing.surface, placing.glyph, placing.x, placing.y);
-        place.shownGlyph = placing.glyph;
+        place.shownGlyph = static_cast<std::int8_t>(placing.glyph);
     }
     placings_.clear();
-    canvas_.show();
 }
 
 }  // namespace quorvel

@@ -31,10 +31,10 @@ class GlyphCanvas {
     void finish();
 
   private:
-    /// What stands at one x in one row band.
+    /// What stands at one x in one row band. Small, since a refresh looks at a thousand of them.
     struct Place {
-        std::int32_t lastPlacing = -1;  // its index among the placings; -1 without one
-        std::int32_t shownGlyph = -1;
+        std::int16_t lastPlacing = -1;  // its index among the placings; -1 without one
+        std::int8_t shownGlyph = -1;
     };
     struct Placing {
         Surface surface;
@@ -46,6 +46,7 @@ class GlyphCanvas {
     /// Nothing is shown anywhere.
     void forget();
     Place& placeOf(const Placing& placing);
+    void copyChanged();
 
     Canvas& canvas_;
     /// The grid's, band by band, and behind them the bottom canvas'.

@@ -41,17 +41,20 @@ void placePercentage(GlyphCanvas& canvas, Surface surface, GlyphSet set, std::in
                      slotLeft(x, percentageWholeSlots + 1), y, 1);
 }
 
-/// The results of a row without a student; the places that the clearing of the grid leaves out
-/// are among them.
+/// The results of a row without a student. Under the rows of students letters and tenths never
+/// stand.
 void clearResults(GlyphCanvas& canvas, int row, int shift) {
     const GlyphSet set = rowSet(row);
     const int top = rowTop(row);
+    canvas.placeBlanks(Surface::Grid, set, pointsEarnedLeft + shift, top, pointsSlots);
+    canvas.placeBlanks(Surface::Grid, set, pointsPossibleLeft + shift, top, pointsSlots);
+    canvas.placeBlanks(Surface::Grid, set, percentageLeft + shift, top, percentageWholeSlots);
+    if (row >= visibleRows) return;
     canvas.placeText(Surface::Grid, GlyphSet::Plain, "",
                      slotLeft(percentageLeft + shift, percentageWholeSlots), top, 1);
     canvas.placeText(Surface::Grid, set, "",
                      slotLeft(percentageLeft + shift, percentageWholeSlots + 1), top, 1);
     canvas.placeText(Surface::Grid, set, "", letterGradeLeft + shift, top, 1);
-    canvas.placeBlanks(Surface::Grid, set, percentageLeft + shift, top, percentageWholeSlots);
 }
 
 void drawResults(GlyphCanvas& canvas, int row, int shift, const StudentFigures& figures) {
@@ -98,14 +101,10 @@ void drawClassAverage(GlyphCanvas& canvas, const ClassAverage& average) {
 
 }  // namespace
 
-void clearResultColumns(const Layout& layout, GlyphCanvas& canvas) {
-    const int shift = layout.rightColumnsShift;
+void drawUnmovedBlanks(GlyphCanvas& canvas) {
     for (int band = 0; band < clearedBands; ++band) {
         const GlyphSet set = rowSet(band);
         const int top = rowTop(band);
-        canvas.placeBlanks(Surface::Grid, set, pointsEarnedLeft + shift, top, pointsSlots);
-        canvas.placeBlanks(Surface::Grid, set, pointsPossibleLeft + shift, top, pointsSlots);
-        canvas.placeBlanks(Surface::Grid, set, percentageLeft + shift, top, percentageWholeSlots);
         canvas.placeBlanks(Surface::Grid, set, unmovedBlanksLeft, top, unmovedBlankSlots);
         canvas.placeBlanks(Surface::Grid, set, unmovedSingleBlankLeft, top, 1);
     }
@@ -129,7 +128,7 @@ void drawScores(const GridView& view, GlyphCanvas& canvas) {
 
 void drawClassFigures(const GridView& view, GlyphCanvas& canvas) {
     const int shift = view.layout.rightColumnsShift;
-    for (int row = 0; row < visibleRows; ++row) {
+    for (int row = 0; row < clearedBands; ++row) {
         if (row < view.studentCount())
             drawResults(canvas, row, shift, view.sheet.figures(view.firstStudent + row));
         else

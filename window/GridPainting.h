@@ -7,8 +7,8 @@ namespace quorvel {
 
 // Each of these places glyphs; the canvas shows them when it is told to finish.
 
-/// Blanks where the results of a class of any size can stand.
-void clearResultColumns(const Layout& layout, GlyphCanvas& canvas);
+/// The places that are cleared although, in the small layout, nothing is drawn there.
+void drawUnmovedBlanks(GlyphCanvas& canvas);
 /// Blanks where there is no assignment.
 void drawColumnNumbers(const GridView& view, GlyphCanvas& canvas);
 /// Blanks where there is no score.

@@ -34,7 +34,7 @@ void setScrollRange(ScrollBar& bar, int count, int shown) {
 
 void frmQRV::RefreshGrid() {
     setScrollRanges();
-    clearResultColumns(layout_, canvas_);
+    drawUnmovedBlanks(canvas_);
     showHeadings();
     showNames();
     showRowNumbers();

@@ -52,12 +52,8 @@ Range partOf(int count, int size, int part) {
     return {(part - 1) * size + 1, std::min(part * size, count)};
 }
 
-std::string rightAligned(std::string_view text, std::size_t width) {
-    return std::string(width - std::min(width, text.size()), ' ').append(text);
-}
-
-std::string cell(std::string_view text, std::size_t width) {
-    return rightAligned(text, width) + '|';
+void appendCell(std::string& row, std::string_view text, std::size_t width) {
+    row.append(width - std::min(width, text.size()), ' ').append(text).push_back('|');
 }
 
 std::string nameCell(std::string_view name) {
@@ -138,7 +134,7 @@ class ChartSheet {
     template <typename TextOfAssignment>
     void printRow(std::string row, const TextOfAssignment& text, std::string_view end) {
         for (int assignment = assignments_.first; assignment <= assignments_.last; ++assignment) {
-            row += cell(text(assignment), scoreWidth);
+            appendCell(row, text(assignment), scoreWidth);
         }
         job_.line(row.append(end));
     }
@@ -155,14 +151,15 @@ class ChartSheet {
     void printStudent(int student) {
         const GradeSheet& sheet = data_.sheet;
         const StudentFigures& figures = sheet.figures(student);
-        std::string end = cell(std::to_string(figures.pointsEarned), earnedWidth);
-        end += cell(std::to_string(figures.pointsPossible), possibleWidth);
-        end += cell(tenthsText(figures.percentageTenths), percentWidth);
-        end += cell(letterText(figures.letterGrade), letterWidth);
+        std::string end;
+        appendCell(end, std::to_string(figures.pointsEarned), earnedWidth);
+        appendCell(end, std::to_string(figures.pointsPossible), possibleWidth);
+        appendCell(end, tenthsText(figures.percentageTenths), percentWidth);
+        appendCell(end, letterText(figures.letterGrade), letterWidth);
         const std::string& name =
             data_.useAliases ? sheet.studentAlias(student) : sheet.studentName(student);
         printRow(
-            nameCell(name), [&](int a) { return sheet.score(a, student).text(); }, end);
+            nameCell(name), [&](int a) { return textOf(sheet.scores(a).value(student)); }, end);
     }
 
     void printAverages(std::string_view label, std::string AverageTexts::*text) {

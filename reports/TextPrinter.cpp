@@ -17,7 +17,7 @@ bool breaksLayout(char character) {
 Paper TextPrinter::startJob(const PrintJobSettings& settings) {
     jobTitle_ = settings.title;
     orientation_ = settings.orientation;
-    finishedPages_.clear();
+    jobStart_ = text_.size();
     lines_.clear();
     pageCount_ = 1;
     fonts_.clear();
@@ -26,24 +26,25 @@ Paper TextPrinter::startJob(const PrintJobSettings& settings) {
 
 void TextPrinter::startPage() {
     endPage();
-    finishedPages_ += '\f';
+    text_ += '\f';
     ++pageCount_;
 }
 
 void TextPrinter::endJob() {
     endPage();
-    text_ += finishedPages_;
+    jobStart_ = text_.size();
 }
 
 void TextPrinter::endPage() {
     for (const std::string& line : lines_) {
-        finishedPages_.append(line, 0, line.find_last_not_of(' ') + 1);
-        finishedPages_ += '\n';
+        text_.append(line, 0, line.find_last_not_of(' ') + 1);
+        text_ += '\n';
     }
     lines_.clear();
 }
 
 void TextPrinter::cancelJob() noexcept {
+    text_.resize(jobStart_);
     pageCount_ = 0;
 }
 

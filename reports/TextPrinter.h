@@ -24,8 +24,8 @@ class TextPrinter final : public Printer {
     int textWidth(std::string_view text) override;
     void printText(int left, int top, std::string_view text) override;
 
-    /// The jobs that were ended as text: lines ended by LF, no blanks at their ends, a form feed
-    /// directly before the first line of every page but a job's first.
+    /// The jobs that were not cancelled as text: lines ended by LF, no blanks at their ends, a form
+    /// feed directly before the first line of every page but a job's first.
     const std::string& text() const { return text_; }
 
     const std::string& jobTitle() const { return jobTitle_; }
@@ -42,9 +42,8 @@ class TextPrinter final : public Printer {
     std::string text_;
     std::string jobTitle_;
     Orientation orientation_ = Orientation::Portrait;
-    /// The pages of the job that are done, and the lines of the one under way.
-    std::string finishedPages_;
-    std::vector<std::string> lines_;
+    std::size_t jobStart_ = 0;        // in the text
+    std::vector<std::string> lines_;  // of the page under way
     int pageCount_ = 0;
     std::vector<PrintFont> fonts_;
 };

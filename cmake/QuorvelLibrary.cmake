@@ -6,8 +6,20 @@ if(QUORVEL_SANITIZE)
     target_compile_options(quorvel_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
         # The checks that are woven in make g++ doubt what it knows of std::variant.
-        -Wno-maybe-uninitialized)
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(quorvel_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUORVEL_FUZZ)
+    # What tells a fuzzer where its bytes have led.
+    target_compile_options(quorvel_options INTERFACE -fsanitize=fuzzer-no-link)
+    # clang spends most of its time on the standard library; the other builds tell whether a source
+    # names all the headers that it needs.
+    file(WRITE ${CMAKE_BINARY_DIR}/standard_once.cpp "")
+    add_library(standard_once OBJECT ${CMAKE_BINARY_DIR}/standard_once.cpp)
+    target_precompile_headers(standard_once PRIVATE
+        <algorithm> <filesystem> <functional> <map> <memory> <optional> <random> <set> <span>
+        <sstream> <string> <variant> <vector>)
+    target_link_libraries(standard_once PRIVATE quorvel_options)
 endif()
 if(WIN32)
     target_compile_definitions(quorvel_options INTERFACE
@@ -32,6 +44,9 @@ function(quorvel_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${view})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE quorvel_options)
+    if(TARGET standard_once)
+        target_precompile_headers(${name} REUSE_FROM standard_once)
+    endif()
     set_target_properties(${name} PROPERTIES
         QUORVEL_FOLDER "${ARG_FOLDER}" QUORVEL_DEPENDS "${ARG_DEPENDS}")
     set_property(GLOBAL APPEND PROPERTY QUORVEL_LIBRARIES ${name})

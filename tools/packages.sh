@@ -4,6 +4,7 @@
 readonly headless_packages=(cmake g++ libcli11-dev libgtest-dev ninja-build nlohmann-json3-dev parallel
     python3)
 readonly style_packages=(clang clang-format clang-tidy shellcheck)
+readonly fuzz_packages=(clang libclang-rt-14-dev)
 readonly coverage_packages=(gcovr)
 readonly windows_packages=(g++-mingw-w64-x86-64-posix groff-base)
 readonly speed_packages=(gnumeric libbenchmark-dev time)

@@ -168,6 +168,7 @@ std::string RandomDialogs::storedPassword() {
 }
 
 void RandomDialogs::note(const Dialog& dialog, std::string_view reply) {
+    if (!log_.isKept()) return;
     log_.indented(scenario::described(dialog, {}) + " -> " + std::string(reply));
 }
 

@@ -11,12 +11,22 @@ namespace quorvel::walk {
 class ScenarioLog {
   public:
     explicit ScenarioLog(std::filesystem::path file) : file_(std::move(file)) {}
+    /// A walk that nobody asks about.
+    ScenarioLog() = default;
+
+    bool isKept() const { return !file_.empty(); }
 
     /// Begins a new scenario; the one before is forgotten.
-    void begin() { stream_ = std::ofstream(file_, std::ios::trunc); }
-    void line(std::string_view line) { stream_ << line << '\n' << std::flush; }
+    void begin() {
+        if (isKept()) stream_ = std::ofstream(file_, std::ios::trunc);
+    }
+    void line(std::string_view line) {
+        if (isKept()) stream_ << line << '\n' << std::flush;
+    }
     /// What an action is followed by.
-    void indented(std::string_view line) { stream_ << "  " << line << '\n' << std::flush; }
+    void indented(std::string_view line) {
+        if (isKept()) stream_ << "  " << line << '\n' << std::flush;
+    }
 
   private:
     std::filesystem::path file_;

@@ -64,8 +64,8 @@ std::string inQuotes(std::string_view text) {
 
 }  // namespace
 
-Walk::Walk(std::uint64_t route, ScenarioLog& log)
-    : random_(route), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
+Walk::Walk(const RandomNumbers& choices, ScenarioLog& log)
+    : random_(choices), log_(log), dialogs_(random_, log, files_, programFolder, passwordFile) {
     log_.begin();
     setUp();
 }
@@ -90,13 +90,26 @@ void Walk::setUp() {
 void Walk::takeSteps(int count) {
     for (int taken = 0; taken < count; ++taken) {
         ++stepsTaken_;
-        if (form_ == nullptr || form_->hasEnded())
-            start();
-        else
-            step();
-        if (!form_->hasEnded()) check();
+        takeStep();
+        if (!form_->hasEnded() && stepsTaken_ % stepsBetweenThoroughChecks == 0) checkThoroughly();
     }
     noteOutcome();
+}
+
+void Walk::takeChosenSteps() {
+    do {
+        takeStep();
+        if (!form_->hasEnded()) checkThoroughly();
+    } while (random_.bytesChoose());
+    noteOutcome();
+}
+
+void Walk::takeStep() {
+    if (form_ == nullptr || form_->hasEnded())
+        start();
+    else
+        step();
+    if (!form_->hasEnded()) check();
 }
 
 void Walk::start() {
@@ -236,7 +249,6 @@ void Walk::changeTheDisk() {
 void Walk::check() {
     if (!form_->isOpen()) throw Violation("the program goes on without a window");
     checkWindow(*form_);
-    if (stepsTaken_ % stepsBetweenThoroughChecks == 0) checkThoroughly();
 }
 
 void Walk::checkThoroughly() {

@@ -19,11 +19,15 @@ namespace quorvel::walk {
 /// it is checked what must hold; Violation is thrown where it does not.
 class Walk {
   public:
-    Walk(std::uint64_t route, ScenarioLog& log);
+    /// `choices` decide everything. `log` must outlive the walk.
+    Walk(const RandomNumbers& choices, ScenarioLog& log);
 
     void takeSteps(int count);
+    /// Takes steps as long as bytes choose them, with all checks after each.
+    void takeChosenSteps();
 
   private:
+    void takeStep();
     void setUp();
     void start();
 

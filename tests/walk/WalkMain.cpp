@@ -26,7 +26,8 @@ bool walk(std::uint64_t route, int steps, const std::filesystem::path& file) {
     try {
         for (int taken = 0; taken < steps; taken += stepsPerScenario) {
             alarm(secondsPerScenario);
-            quorvel::walk::Walk(route++, log).takeSteps(std::min(stepsPerScenario, steps - taken));
+            const quorvel::walk::RandomNumbers choices(route++);
+            quorvel::walk::Walk(choices, log).takeSteps(std::min(stepsPerScenario, steps - taken));
         }
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

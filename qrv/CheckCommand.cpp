@@ -39,25 +39,17 @@ std::string textOf(const SheetCheck& found, const SettingsInForce& settings,
 }  // namespace
 
 ExitCode check(const Request& request, Environment& environment) {
-    ExitCode worst = ExitCode::Done;
-    writeResult(request.output, environment, [&](OutputFile& file) {
-        TextWriter writer(file);
-        const bool several = request.files.size() > 1;
-        bool shown = false;
-        worst = forEachSheet(request, [&](const std::string& name) {
-            const SettingsInForce settings = settingsFor(request, name, environment);
-            const SheetCheck found = checkFile(name, environment);
-            if (shown) writer.write("\n");
-            shown = true;
-            if (several) writer.write("sheet: " + oneLine(name) + '\n');
-            writer.write(textOf(found, settings, environment.codePage));
-            if (!found.firstDamage) return ExitCode::Done;
-            complain(damageText(name, *found.firstDamage));
-            return ExitCode::InputFailed;
-        });
-        return writer.finish(shown);
-    });
-    return worst;
+    const auto checkSheetOf = [&](const std::string& name, SheetParts& parts) {
+        const SettingsInForce settings = settingsFor(request, name, environment);
+        const SheetCheck found = checkFile(name, environment);
+        TextWriter& writer = parts.next();
+        if (request.files.size() > 1) writer.write("sheet: " + oneLine(name) + '\n');
+        writer.write(textOf(found, settings, environment.codePage));
+        if (!found.firstDamage) return ExitCode::Done;
+        complain(damageText(name, *found.firstDamage));
+        return ExitCode::InputFailed;
+    };
+    return writeForEachSheet(request, environment, "\n", checkSheetOf);
 }
 
 }  // namespace quorvel

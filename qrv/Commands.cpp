@@ -26,4 +26,17 @@ ExitCode forEachSheet(const Request& request,
     return worst;
 }
 
+ExitCode writeForEachSheet(
+    const Request& request, Environment& environment, std::string_view between,
+    const std::function<ExitCode(const std::string& sheet, SheetParts& parts)>& work) {
+    ExitCode worst = ExitCode::Done;
+    writeResult(request.output, environment, [&](OutputFile& file) {
+        TextWriter writer(file);
+        SheetParts parts(writer, between);
+        worst = forEachSheet(request, [&](const std::string& name) { return work(name, parts); });
+        return writer.finish(parts.any());
+    });
+    return worst;
+}
+
 }  // namespace quorvel

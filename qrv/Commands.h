@@ -2,8 +2,10 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "qrv/Environment.h"
+#include "qrv/Output.h"
 #include "qrv/Request.h"
 
 namespace quorvel {
@@ -29,5 +31,11 @@ ExitCode check(const Request& request, Environment& environment);
 /// error. The worst that happened.
 ExitCode forEachSheet(const Request& request,
                       const std::function<ExitCode(const std::string& sheet)>& work);
+
+/// The same for a command whose output has a part of each sheet, with `between` between two of
+/// them. Where no sheet has a part there is nothing to write.
+ExitCode writeForEachSheet(
+    const Request& request, Environment& environment, std::string_view between,
+    const std::function<ExitCode(const std::string& sheet, SheetParts& parts)>& work);
 
 }  // namespace quorvel

@@ -28,20 +28,13 @@ void writeSheet(const std::string& name, const GradeSheet& sheet, const Request&
 
 /// All sheets one after the other, those of csv with an empty line between them.
 ExitCode exportToOneFile(const Request& request, Environment& environment) {
-    ExitCode worst = ExitCode::Done;
-    writeResult(request.output, environment, [&](OutputFile& file) {
-        TextWriter writer(file);
-        bool shown = false;
-        worst = forEachSheet(request, [&](const std::string& name) {
-            const OpenedSheet opened = openSheet(name, request, environment);
-            if (shown && !isJsonWanted(request)) writer.write("\n");
-            shown = true;
-            writeSheet(name, opened.sheet, request, environment.codePage, writer);
-            return opened.exitCode();
-        });
-        return writer.finish(shown);
-    });
-    return worst;
+    return writeForEachSheet(request, environment, isJsonWanted(request) ? "" : "\n",
+                             [&](const std::string& name, SheetParts& parts) {
+                                 const OpenedSheet opened = openSheet(name, request, environment);
+                                 writeSheet(name, opened.sheet, request, environment.codePage,
+                                            parts.next());
+                                 return opened.exitCode();
+                             });
 }
 
 ExitCode exportIntoFolder(const Request& request, Environment& environment) {

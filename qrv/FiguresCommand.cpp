@@ -25,22 +25,22 @@ std::string tableText(std::string text) {
 /// A table, its rows led by the sheet's name where there are several.
 class FiguresTable {
   public:
-    FiguresTable(const Request& request, const CodePage& codePage, TextWriter& writer)
+    FiguresTable(const Request& request, const CodePage& codePage)
         : codePage_(codePage),
-          writer_(writer),
           isCsv_(request.format == "csv"),
           withClass_(!isCsv_ && !request.withoutClass),
           withSheet_(request.files.size() > 1) {}
 
-    void add(const std::string& name, const GradeSheet& sheet) {
+    void add(const std::string& name, const GradeSheet& sheet, TextWriter& writer) {
         if (!hasHeading_) {
-            write("sheet", {"number", "name", "alias", "earned", "possible", "percentage", "letter",
-                            "rank"});
+            write(
+                writer, "sheet",
+                {"number", "name", "alias", "earned", "possible", "percentage", "letter", "rank"});
             hasHeading_ = true;
         }
         for (int student = 1; student <= sheet.studentCount(); ++student) {
             const StudentFigures& figures = sheet.figures(student);
-            write(name,
+            write(writer, name,
                   {std::to_string(student), codePage_.toUtf8(sheet.studentName(student)),
                    codePage_.toUtf8(sheet.studentAlias(student)),
                    std::to_string(figures.pointsEarned), std::to_string(figures.pointsPossible),
@@ -49,11 +49,12 @@ class FiguresTable {
         }
         const auto& average = sheet.classAverage();
         if (!withClass_ || !average) return;
-        write(name, {"class", tenthsText(average->tenths), letterText(average->letterGrade)});
+        write(writer, name,
+              {"class", tenthsText(average->tenths), letterText(average->letterGrade)});
     }
 
   private:
-    void write(const std::string& name, Row row) {
+    void write(TextWriter& writer, const std::string& name, Row row) const {
         if (withSheet_) row.insert(row.begin(), name);
         std::string line;
         if (isCsv_) {
@@ -62,11 +63,10 @@ class FiguresTable {
             for (const std::string& text : row) line += tableText(text) + '\t';
             line.back() = '\n';
         }
-        writer_.write(line);
+        writer.write(line);
     }
 
     const CodePage& codePage_;
-    TextWriter& writer_;
     bool isCsv_;
     bool withClass_;
     bool withSheet_;
@@ -76,24 +76,17 @@ class FiguresTable {
 }  // namespace
 
 ExitCode figures(const Request& request, Environment& environment) {
-    ExitCode worst = ExitCode::Done;
-    writeResult(request.output, environment, [&](OutputFile& file) {
-        TextWriter writer(file);
-        FiguresTable table(request, environment.codePage, writer);
-        bool shown = false;
-        worst = forEachSheet(request, [&](const std::string& name) {
+    FiguresTable table(request, environment.codePage);
+    return writeForEachSheet(
+        request, environment, "", [&](const std::string& name, SheetParts& parts) {
             const OpenedSheet opened = openSheet(name, request, environment);
-            shown = true;
             if (request.format == "json") {
-                writeFiguresJson(name, opened.sheet, environment.codePage, writer);
+                writeFiguresJson(name, opened.sheet, environment.codePage, parts.next());
             } else {
-                table.add(name, opened.sheet);
+                table.add(name, opened.sheet, parts.next());
             }
             return opened.exitCode();
         });
-        return writer.finish(shown);
-    });
-    return worst;
 }
 
 }  // namespace quorvel

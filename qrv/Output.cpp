@@ -94,6 +94,12 @@ Outcome TextWriter::finish(bool hasResult) {
     return hasResult ? Outcome::Written : Outcome::Nothing;
 }
 
+TextWriter& SheetParts::next() {
+    if (any_) writer_.write(between_);
+    any_ = true;
+    return writer_;
+}
+
 void TextWriter::handOn() {
     if (!failed_) failed_ = !file_.append(std::as_bytes(std::span(held_)));
     held_.clear();

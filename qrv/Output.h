@@ -33,6 +33,22 @@ class TextWriter {
     bool failed_ = false;
 };
 
+/// An output that each sheet has a part of.
+class SheetParts {
+  public:
+    /// `between` is written between two parts. `writer` must outlive this.
+    SheetParts(TextWriter& writer, std::string_view between) : writer_(writer), between_(between) {}
+
+    /// Where the next part goes.
+    TextWriter& next();
+    bool any() const { return any_; }
+
+  private:
+    TextWriter& writer_;
+    std::string_view between_;
+    bool any_ = false;
+};
+
 /// Writes a result. Called once.
 using WriteResult = std::function<Outcome(OutputFile&)>;
 

@@ -55,23 +55,15 @@ ExitCode report(const Request& request, Environment& environment) {
     if (ofOneStudent && !request.student) {
         throw UsageError("report 3 wants --student and a student's number (see qrv report --help)");
     }
-    ExitCode worst = ExitCode::Done;
-    writeResult(request.output, environment, [&](OutputFile& file) {
-        TextWriter writer(file);
-        const bool several = request.files.size() > 1;
-        bool shown = false;
-        worst = forEachSheet(request, [&](const std::string& name) {
+    return writeForEachSheet(
+        request, environment, "\f", [&](const std::string& name, SheetParts& parts) {
             const OpenedSheet opened = openSheet(name, request, environment);
             const std::string text = reportText(name, request, opened, environment.codePage);
-            if (shown) writer.write("\f");
-            shown = true;
-            if (several) writer.write("Sheet: " + oneLine(name) + "\n\n");
+            TextWriter& writer = parts.next();
+            if (request.files.size() > 1) writer.write("Sheet: " + oneLine(name) + "\n\n");
             writer.write(text);
             return opened.exitCode();
         });
-        return writer.finish(shown);
-    });
-    return worst;
 }
 
 }  // namespace quorvel

@@ -312,6 +312,19 @@ class Comparison:
             except model.Stopped:
                 self.expect(command, b"", 3, [f"{self.sheet}: Division by zero"])
 
+    def page(self, sheet, generator):
+        """The figures of a class' page, whose markup no text of the sheet may break."""
+        words, scale, round_up = generator.options()
+        aliases = ["--alias"] if generator.chance(50) else []
+        command = ["page", self.sheet, *aliases, *words]
+        self.comparisons += 1
+        done = self.run(*command)
+        read = model.Page(done.stdout.decode("utf-8", "replace"))
+        wanted = model.page_of(sheet, model.Figures(sheet, scale, round_up))
+        came = (read.students, read.average)
+        if (came, read.broken, done.returncode, done.stderr) != (wanted, None, 0, b""):
+            self.differ(command, f"broken at {read.broken}; {came}, expected {wanted}", {"came": done.stdout})
+
     def check(self, data):
         output, damage = model.check(data)
         problems = [f"{self.sheet}: record {damage[0]}: {damage[1]}"] if damage else []
@@ -374,6 +387,7 @@ class Comparison:
         if damage or not small:
             return
         self.reports(sheet, generator)
+        self.page(sheet, generator)
         self.expect(["export", self.sheet], model.to_csv(sheet))
         self.expect(["export", self.sheet, "--spreadsheet"], model.to_csv(sheet, for_spreadsheet=True))
         self.expect(["export", self.sheet, "--format", "json"], model.line(model.sheet_json(str(self.sheet), sheet)))

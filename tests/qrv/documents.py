@@ -34,10 +34,11 @@ BAD = "Name,Alias,Quiz\nValue,,20\nDoe,,17%\nRoe,,x\n"
 
 
 class Folder:
-    """A folder with `qrv` at hand, where commands are run one after the other."""
+    """A folder with `qrv` at hand, where commands are run one after the other. It goes with its `with`."""
 
     def __init__(self, qrv):
-        self.path = Path(tempfile.mkdtemp(prefix="qrv-documents-"))
+        self.whole = tempfile.TemporaryDirectory(prefix="qrv-documents-")
+        self.path = Path(self.whole.name)
         tools = self.path / ".tools"
         tools.mkdir()
         (tools / "qrv").symlink_to(qrv)
@@ -45,6 +46,12 @@ class Folder:
         ssh.write_text(OTHER_MACHINE)
         ssh.chmod(0o755)
         self.environment = {**os.environ, "PATH": f"{tools}:{os.environ['PATH']}", "HOME": str(tools)}
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.whole.cleanup()
 
     def sheet(self, name, csv, title):
         (self.path / name).parent.mkdir(parents=True, exist_ok=True)
@@ -92,8 +99,7 @@ def sessions(lines):
         yield command, "".join(printed)
 
 
-def manual(qrv, examples):
-    folder = Folder(qrv)
+def manual(folder, examples):
     folder.sheet("math.qrv", MATH, "Math - 1")
     folder.sheet("art.qrv", ART, "Art")
     (folder.path / "bad.csv").write_text(BAD)
@@ -109,9 +115,8 @@ def fenced(path):
     return re.findall(r"^```sh\n(.*?)^```\n", path.read_text(), re.MULTILINE | re.DOTALL)
 
 
-def schools(qrv, examples):
+def schools(folder, examples):
     """Each block is a script; it has to end well and to print what stands behind "# prints:" lines."""
-    folder = Folder(qrv)
     for number in range(1, 13):
         folder.sheet(f"Grades/class-{number:02}.qrv", MATH, f"Math - {number}")
     (folder.path / "csv").mkdir()
@@ -123,8 +128,7 @@ def schools(qrv, examples):
         examples.expect(block, came + ("" if code == 0 else f"exit {code}\n"), wanted)
 
 
-def readme(qrv, examples):
-    folder = Folder(qrv)
+def readme(folder, examples):
     folder.sheet("Quorvel/Grades/algebra.qrv", MATH, "Algebra")
     (folder.path / "Quorvel/GradingScale.qrv").write_bytes(
         b"".join(bytes([minimum, 0]).ljust(128, b"\0") for minimum in (90, 80, 70, 60, 50)) + b"\x01\0000".ljust(128, b"\0")
@@ -144,7 +148,8 @@ def main():
     examples = Examples()
     for paper in (manual, schools, readme):
         before = examples.count
-        paper(qrv, examples)
+        with Folder(qrv) as folder:
+            paper(folder, examples)
         if examples.count == before:
             print(f"there is no example in the paper of {paper.__name__}")
             examples.differences += 1

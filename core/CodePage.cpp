@@ -10,6 +10,7 @@ namespace quorvel {
 
 namespace {
 
+constexpr unsigned utf8Page = 65001;
 constexpr char substitute = '?';
 constexpr char32_t asciiEnd = 0x80;
 
@@ -57,6 +58,11 @@ bool endsPair(char16_t unit) {
 }
 
 }  // namespace
+
+unsigned pageForTexts(const SystemPages& system) {
+    const unsigned page = system.active == utf8Page ? system.ofLanguage : system.active;
+    return page != 0 && system.isSingleByte(page) ? page : westernPage;
+}
 
 CodePage::CodePage(const UnicodeTable& toUnicode, const UpperCaseTable& toUpperCase)
     : toUnicode_(toUnicode), toUpperCase_(toUpperCase) {}

@@ -1,11 +1,25 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace quorvel {
+
+/// The code pages of a system, by their numbers.
+struct SystemPages {
+    unsigned active = 0;
+    unsigned ofLanguage = 0;  // of the system's language, whatever is active
+    std::function<bool(unsigned page)> isSingleByte;
+};
+
+inline constexpr unsigned westernPage = 1252;
+
+/// The page for texts: the active one, that of the language where the active one is UTF-8, and the
+/// Western one where that has characters of more than one byte.
+unsigned pageForTexts(const SystemPages& system);
 
 /// The single-byte code page that every text in memory and on disk is written in.
 /// Byte 0x00 to 0x7F is ASCII in every code page.

@@ -7,17 +7,12 @@ namespace quorvel {
 
 namespace {
 
-constexpr UINT westernCodePage = 1252;
-
-/// The system's page, or that of its language where the system's is UTF-8.
-UINT ansiCodePage() {
-    const UINT active = ::GetACP();
-    if (active != CP_UTF8) return active;
-    UINT ofLanguage = 0;
+UINT pageOfLanguage() {
+    UINT page = 0;
     ::GetLocaleInfoEx(LOCALE_NAME_SYSTEM_DEFAULT,
                       LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
-                      reinterpret_cast<wchar_t*>(&ofLanguage), sizeof ofLanguage / sizeof(wchar_t));
-    return ofLanguage;
+                      reinterpret_cast<wchar_t*>(&page), sizeof page / sizeof(wchar_t));
+    return page;
 }
 
 bool isSingleByte(UINT codePage) {
@@ -87,8 +82,8 @@ std::string systemErrorText(DWORD error, const CodePage& codePage) {
 }
 
 CodePage systemCodePage() {
-    const UINT codePage = ansiCodePage();
-    if (codePage == westernCodePage || !isSingleByte(codePage)) return CodePage::windows1252();
+    const UINT codePage = pageForTexts({::GetACP(), pageOfLanguage(), isSingleByte});
+    if (codePage == westernPage) return CodePage::windows1252();
     const CodePage::UnicodeTable unicode = unicodeTable(codePage);
     return {unicode, upperCaseTable(codePage, unicode)};
 }

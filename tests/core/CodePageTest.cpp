@@ -9,6 +9,23 @@ const CodePage& page() {
     return CodePage::windows1252();
 }
 
+unsigned pageWhere(unsigned active, unsigned ofLanguage) {
+    constexpr unsigned japanese = 932;
+    return pageForTexts({active, ofLanguage, [](unsigned number) { return number != japanese; }});
+}
+
+TEST(CodePage, TextsAreInTheSystemsPageWhereItHasSingleBytes) {
+    EXPECT_EQ(pageWhere(1250, 1250), 1250U);
+    EXPECT_EQ(pageWhere(1251, 1250), 1251U);
+    EXPECT_EQ(pageWhere(932, 932), westernPage);
+}
+
+TEST(CodePage, TextsAreInTheLanguagesPageWhereTheSystemsIsUtf8) {
+    EXPECT_EQ(pageWhere(65001, 1250), 1250U);
+    EXPECT_EQ(pageWhere(65001, 932), westernPage);
+    EXPECT_EQ(pageWhere(65001, 0), westernPage);
+}
+
 TEST(CodePage, UpperCasesLettersWithAndWithoutAccents) {
     EXPECT_EQ(page().upperCase("Doe, jane 7"), "DOE, JANE 7");
     EXPECT_EQ(page().upperCase("\xE0\xE9\xF6\xFC\xFE"), "\xC0\xC9\xD6\xDC\xDE");

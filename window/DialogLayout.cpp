@@ -14,8 +14,6 @@ constexpr int spaceBetweenButtons = 8;
 /// What a text box and a button have above and below their line of text.
 constexpr int boxBorders = 7;
 constexpr int buttonBorders = 9;
-/// What a dialog's frame takes from the width of the screen, at most.
-constexpr int frameWidth = 16;
 
 // Characters of average width.
 constexpr int narrowestQuestionCharacters = 55;
@@ -31,27 +29,35 @@ int buttonHeight(const DialogFont& font) {
     return font.lineHeight + buttonBorders;
 }
 
-/// What fits between the margins on the screen.
-int widestContent(int workAreaWidth) {
-    return workAreaWidth - 2 * margin - frameWidth;
+int answerHeight(const DialogFont& font) {
+    return font.lineHeight + boxBorders;
+}
+
+int widestContent(ScreenSize largest) {
+    return largest.width - 2 * margin;
+}
+
+int highestQuestion(const DialogFont& font, ScreenSize largest) {
+    return largest.height - 2 * margin - spaceBelowQuestion - answerHeight(font) -
+           spaceBelowAnswer - buttonHeight(font);
 }
 
 }  // namespace
 
-int widestQuestion(const DialogFont& font, int workAreaWidth) {
-    return std::min(widestQuestionCharacters * font.averageCharacterWidth,
-                    widestContent(workAreaWidth));
+int widestQuestion(const DialogFont& font, ScreenSize largest) {
+    return std::min(widestQuestionCharacters * font.averageCharacterWidth, widestContent(largest));
 }
 
-PromptLayout promptLayout(const DialogFont& font, ScreenSize question, int workAreaWidth) {
-    const int narrowest = std::min(narrowestQuestionCharacters * font.averageCharacterWidth,
-                                   widestContent(workAreaWidth));
+PromptLayout promptLayout(const DialogFont& font, ScreenSize question, ScreenSize largest) {
+    const int narrowest =
+        std::min(narrowestQuestionCharacters * font.averageCharacterWidth, widestContent(largest));
     const int width = std::max(narrowest, question.width);
+    const int height = std::min(question.height, highestQuestion(font, largest));
     const int right = margin + width;
     PromptLayout layout;
-    layout.question = {margin, margin, width, question.height};
-    const int answerTop = margin + question.height + spaceBelowQuestion;
-    layout.answer = {margin, answerTop, width, font.lineHeight + boxBorders};
+    layout.question = {margin, margin, width, height};
+    const int answerTop = margin + height + spaceBelowQuestion;
+    layout.answer = {margin, answerTop, width, answerHeight(font)};
     const int buttonTop = answerTop + layout.answer.height + spaceBelowAnswer;
     const int button = buttonWidth(font);
     layout.cancelButton = {right - button, buttonTop, button, buttonHeight(font)};

@@ -18,11 +18,12 @@ struct PromptLayout {
     int height = 0;
 };
 
-/// How wide the lines of a question may become before they are wrapped, on a screen whose work area
-/// has this width.
-int widestQuestion(const DialogFont& font, int workAreaWidth);
-/// `question` is the size of the question as it is wrapped.
-PromptLayout promptLayout(const DialogFont& font, ScreenSize question, int workAreaWidth);
+/// How wide the lines of a question may become before they are wrapped. `largest` is the largest
+/// client area that a dialog can have on its screen.
+int widestQuestion(const DialogFont& font, ScreenSize largest);
+/// `question` is the size of the question as it is wrapped. Where the screen is too low for it, its
+/// end is cut off: answer and buttons are always there.
+PromptLayout promptLayout(const DialogFont& font, ScreenSize question, ScreenSize largest);
 
 /// The places of a password window.
 struct PasswordLayout {

@@ -60,6 +60,13 @@ INT_PTR handle(Running& running, HWND window, UINT message, WPARAM wParam) {
     }
 }
 
+/// The whole dialog around such a client area.
+RECT withFrame(HWND dialog, RECT client) {
+    ::AdjustWindowRectEx(&client, static_cast<DWORD>(::GetWindowLongW(dialog, GWL_STYLE)), FALSE,
+                         static_cast<DWORD>(::GetWindowLongW(dialog, GWL_EXSTYLE)));
+    return client;
+}
+
 INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) ::SetWindowLongPtrW(window, DWLP_USER, lParam);
     auto* const running = reinterpret_cast<Running*>(::GetWindowLongPtrW(window, DWLP_USER));
@@ -88,10 +95,15 @@ void runModalDialog(HWND owner, const ModalDialog& dialog) {
     if (result <= 0) throw Error("A window could not be opened.");
 }
 
+ScreenSize largestClientSize(HWND dialog) {
+    const RECT area = workArea(::GetWindow(dialog, GW_OWNER));
+    const RECT frame = withFrame(dialog, {});
+    return {static_cast<int>(area.right - area.left - (frame.right - frame.left)),
+            static_cast<int>(area.bottom - area.top - (frame.bottom - frame.top))};
+}
+
 void setClientSize(HWND dialog, int width, int height) {
-    RECT frame{0, 0, width, height};
-    ::AdjustWindowRectEx(&frame, static_cast<DWORD>(::GetWindowLongW(dialog, GWL_STYLE)), FALSE,
-                         static_cast<DWORD>(::GetWindowLongW(dialog, GWL_EXSTYLE)));
+    const RECT frame = withFrame(dialog, {0, 0, width, height});
     ::SetWindowPos(dialog, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                    SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

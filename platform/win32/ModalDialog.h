@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include "core/ports/Shell.h"
+
 namespace quorvel {
 
 /// What a modal dialog of our own does. An exception from either function closes it.
@@ -19,6 +21,8 @@ struct ModalDialog {
 /// task bar) and returns when it is closed. Throws what its functions threw.
 void runModalDialog(HWND owner, const ModalDialog& dialog);
 
+/// The largest client area with which the dialog is wholly on its owner's screen.
+ScreenSize largestClientSize(HWND dialog);
 /// Gives the dialog's client area this size, and the window what its frame adds.
 void setClientSize(HWND dialog, int width, int height);
 

@@ -24,10 +24,9 @@ ScreenSize questionSize(HWND dialog, HFONT font, const std::wstring& question, i
 
 PromptLayout layOut(HWND dialog, HFONT font, const std::wstring& question) {
     const DialogFont measure = measureFont(dialog, font);
-    const RECT area = workArea(::GetWindow(dialog, GW_OWNER));
-    const int room = static_cast<int>(area.right - area.left);
-    const int widest = widestQuestion(measure, room);
-    return promptLayout(measure, questionSize(dialog, font, question, widest), room);
+    const ScreenSize largest = largestClientSize(dialog);
+    const int widest = widestQuestion(measure, largest);
+    return promptLayout(measure, questionSize(dialog, font, question, widest), largest);
 }
 
 void createPromptBox(HWND dialog, HFONT font, const Prompt& prompt, const CodePage& codePage) {

@@ -9,7 +9,8 @@ namespace {
 /// The usual message font, and the same at the largest text that Windows offers.
 constexpr DialogFont usualFont{6, 15};
 constexpr DialogFont largeFont{14, 34};
-constexpr int usualScreen = 1024;
+constexpr ScreenSize usualScreen{1024, 768};
+constexpr ScreenSize smallScreen{640, 480};
 
 }  // namespace
 
@@ -43,9 +44,17 @@ TEST(DialogLayout, AShortQuestionStillGivesTheAnswerRoom) {
 
 TEST(DialogLayout, NoBoxIsWiderThanTheScreen) {
     EXPECT_EQ(widestQuestion(usualFont, usualScreen), 420);
-    EXPECT_LT(widestQuestion(largeFont, 640), 640);
-    const PromptLayout layout = promptLayout(largeFont, {widestQuestion(largeFont, 640), 34}, 640);
-    EXPECT_LE(layout.width, 640);
+    const int widest = widestQuestion(largeFont, smallScreen);
+    EXPECT_LT(widest, smallScreen.width);
+    EXPECT_LE(promptLayout(largeFont, {widest, 34}, smallScreen).width, smallScreen.width);
+}
+
+TEST(DialogLayout, AQuestionThatIsTooHighLeavesTheAnswerOnTheScreen) {
+    const PromptLayout fits = promptLayout(usualFont, {400, 20 * 15}, smallScreen);
+    EXPECT_EQ(fits.question.height, 20 * 15);
+    const PromptLayout cut = promptLayout(largeFont, {400, 20 * 34}, smallScreen);
+    EXPECT_EQ(cut.height, smallScreen.height);
+    EXPECT_GT(cut.answer.top, cut.question.top + cut.question.height);
 }
 
 }  // namespace quorvel

@@ -4,6 +4,7 @@
 
 #include "tests/realwindow/DrawingHandles.h"
 #include "tests/realwindow/WindowDriver.h"
+#include "tests/scenario/User.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -17,46 +18,24 @@ constexpr int newSheets = 50;
 /// What is kept from the first uses on is in use by then.
 constexpr int firstUses = 3;
 
-void finishAction(WindowDriver& driver) {
-    if (const auto dialog = driver.openDialog())
-        throw ScenarioError("\"" + dialog->title + "\" was not expected");
-}
-
-void answerDialog(WindowDriver& driver, const Reply& reply) {
-    if (!driver.openDialog()) throw ScenarioError("a dialog is missing");
-    driver.answer(reply);
-}
-
-void openSheet(WindowDriver& driver, const std::filesystem::path& sheet) {
-    constexpr const char* place = "Grades\\class.qrv";
-    std::filesystem::copy_file(sheet, driver.resolve(place));
-    driver.chooseMenu("mnuOpen");
-    Reply file;
-    file.text = place;
-    answerDialog(driver, file);
-    finishAction(driver);
-}
+constexpr const char* place = "Grades\\class.qrv";
 
 /// Names become aliases, aliases names: everything that the window shows is built anew.
-void refresh(WindowDriver& driver) {
-    driver.clickControl("lblStudent");
-    finishAction(driver);
+void refresh(User& user) {
+    user.clickControl("lblStudent");
 }
 
-void makeNew(WindowDriver& driver) {
-    driver.chooseMenu("mnuNew");
-    Reply yes;
-    yes.button = quorvel::Answer::Yes;
-    answerDialog(driver, yes);
-    finishAction(driver);
+void makeNew(User& user) {
+    user.choose("mnuNew", {pressed(quorvel::Answer::Yes)});
 }
 
 /// Whether the program holds no more than before when the action was done so often.
 template <typename Action>
 bool holdsNoMoreAfter(const char* what, int times, WindowDriver& driver, Action action) {
-    for (int time = 0; time < firstUses; ++time) action(driver);
+    User user(driver);
+    for (int time = 0; time < firstUses; ++time) action(user);
     const int before = drawingHandles(driver.process());
-    for (int time = 0; time < times; ++time) action(driver);
+    for (int time = 0; time < times; ++time) action(user);
     const int after = drawingHandles(driver.process());
     const bool same = after <= before;
     std::cout << "drawing objects before and after " << times << ' ' << what << ": " << before
@@ -67,9 +46,10 @@ bool holdsNoMoreAfter(const char* what, int times, WindowDriver& driver, Action 
 int check(const std::filesystem::path& program, const std::filesystem::path& sheet) {
     const Bench bench(program, {});
     WindowDriver driver(bench);
-    driver.start();
-    finishAction(driver);
-    openSheet(driver, sheet);
+    User user(driver);
+    user.start();
+    std::filesystem::copy_file(sheet, driver.resolve(place));
+    user.choose("mnuOpen", {typed(place)});
     int passed = 0;
     if (holdsNoMoreAfter("refreshes", refreshes, driver, refresh)) ++passed;
     if (holdsNoMoreAfter("times New", newSheets, driver, makeNew)) ++passed;

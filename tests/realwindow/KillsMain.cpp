@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/realwindow/WindowDriver.h"
+#include "tests/scenario/User.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -27,28 +28,12 @@ std::string bytesOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-void finishAction(WindowDriver& driver) {
-    if (const auto dialog = driver.openDialog())
-        throw ScenarioError("\"" + dialog->title + "\" was not expected");
-}
-
-void answer(WindowDriver& driver, const std::string& text) {
-    if (!driver.openDialog()) throw ScenarioError("a dialog is missing");
-    Reply reply;
-    reply.text = text;
-    driver.answer(reply);
-}
-
 /// The program with the class open, and named otherwise than in its file.
 void openChanged(WindowDriver& driver, const std::string& title) {
-    driver.start();
-    finishAction(driver);
-    driver.chooseMenu("mnuOpen");
-    answer(driver, place);
-    finishAction(driver);
-    driver.chooseMenu("mnuEditGradesheetTitle");
-    answer(driver, title);
-    finishAction(driver);
+    User user(driver);
+    user.start();
+    user.choose("mnuOpen", {typed(place)});
+    user.choose("mnuEditGradesheetTitle", {typed(title)});
 }
 
 void kill(const WindowDriver& driver) {
@@ -85,8 +70,7 @@ class Kills {
   private:
     std::string saveWhole(const std::string& title) {
         openChanged(driver_, title);
-        driver_.chooseMenu("mnuSave");
-        finishAction(driver_);
+        User(driver_).choose("mnuSave");
         kill(driver_);
         return bytesOf(file_);
     }

@@ -1,12 +1,12 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <iostream>
 #include <string>
 
 #include "tests/realwindow/ResourceCounts.h"
 #include "tests/realwindow/WindowDriver.h"
+#include "tests/scenario/User.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -30,13 +30,12 @@ constexpr const char* lastStudent = "29";
 /// Uses the program like a teacher does, on a sheet of its own.
 class Teacher {
   public:
-    explicit Teacher(WindowDriver& driver) : driver_(driver) {}
+    explicit Teacher(WindowDriver& driver) : driver_(driver), user_(driver) {}
 
     void open(const std::filesystem::path& file) {
+        user_.start();
         std::filesystem::copy_file(file, driver_.resolve(sheet));
-        driver_.chooseMenu("mnuOpen");
-        answer(text(sheet));
-        finish();
+        user_.choose("mnuOpen", {typed(sheet)});
     }
 
     /// One command after the other, from the first again behind the last.
@@ -51,94 +50,42 @@ class Teacher {
         ++used_;
     }
 
-    void save() {
-        driver_.chooseMenu("mnuSave");
-        finish();
-    }
+    void save() { user_.choose("mnuSave"); }
 
     /// A score of its own into the first cell.
     void enterScore() {
-        driver_.click(160, 20);
-        finish();
-        driver_.type(std::to_string(used_ % 20));
-        finish();
-        driver_.pressKey("Enter");
-        finish();
+        user_.click(160, 20);
+        user_.enter(std::to_string(used_ % 20));
     }
 
     /// The sheet goes on as a new one, which asks for its place.
     void makeNew() {
         driver_.chooseMenu("mnuNew");
-        answer(button(Answer::Yes));
-        if (driver_.openDialog()) answer(button(Answer::No));
-        finish();
-        driver_.chooseMenu("mnuSave");
-        answer(text(sheet));
-        finish();
+        user_.answer(pressed(Answer::Yes));
+        if (driver_.openDialog()) user_.answer(pressed(Answer::No));
+        user_.finish();
+        user_.choose("mnuSave", {typed(sheet)});
     }
 
   private:
-    static Reply text(const char* answer) {
-        Reply reply;
-        reply.text = answer;
-        return reply;
-    }
-    static Reply button(Answer answer) {
-        Reply reply;
-        reply.button = answer;
-        return reply;
-    }
-
-    void answer(const Reply& reply) {
-        if (!driver_.openDialog()) throw ScenarioError("a dialog is missing");
-        driver_.answer(reply);
-    }
-    void finish() {
-        if (const auto dialog = driver_.openDialog())
-            throw ScenarioError("\"" + dialog->title + "\" was not expected");
-    }
-
-    void click(const char* heading) {
-        driver_.clickControl(heading);
-        finish();
-    }
-    void showAliases() { click("lblStudent"); }
-    void showRanks() { click("lblSN"); }
+    void showAliases() { user_.clickControl("lblStudent"); }
+    void showRanks() { user_.clickControl("lblSN"); }
     void scroll() {
-        for (const int position : {2, 5, 1}) {
-            driver_.moveScrollBar("vsbS", position);
-            finish();
-        }
+        for (const int position : {2, 5, 1}) user_.scroll("vsbS", position);
     }
     void editStudent() {
-        driver_.chooseMenu("mnuEditS");
-        for (const char* typed : {"1", "Aaron, Ann", "Ann"}) answer(text(typed));
-        finish();
+        user_.choose("mnuEditS", {typed("1"), typed("Aaron, Ann"), typed("Ann")});
     }
-    void cancelAdding() {
-        driver_.chooseMenu("mnuAddA");
-        Reply cancelled;
-        cancelled.cancelled = true;
-        answer(cancelled);
-        answer(button(Answer::Ok));
-        finish();
-    }
+    void cancelAdding() { user_.choose("mnuAddA", {cancelled(), pressed(Answer::Ok)}); }
     void addAndSave() {
-        driver_.chooseMenu("mnuAddS");
-        for (const char* typed : {"Zorn, Zoe", "Zoe"}) answer(text(typed));
-        finish();
-        driver_.chooseMenu("mnuRemoveS");
-        answer(text(lastStudent));
-        finish();
+        user_.choose("mnuAddS", {typed("Zorn, Zoe"), typed("Zoe")});
+        user_.choose("mnuRemoveS", {typed(lastStudent)});
         save();
     }
-    void askAbout() {
-        driver_.chooseMenu("mnuAbout");
-        answer(button(Answer::Ok));
-        finish();
-    }
+    void askAbout() { user_.choose("mnuAbout", {pressed(Answer::Ok)}); }
 
     WindowDriver& driver_;
+    User user_;
     int used_ = 0;
 };
 
@@ -187,8 +134,6 @@ int check(const std::filesystem::path& program, const std::filesystem::path& cla
           int saves) {
     const Bench bench(program, {});
     WindowDriver driver(bench);
-    driver.start();
-    if (driver.openDialog()) throw ScenarioError("the program asks something at its start");
     Teacher teacher(driver);
     teacher.open(class_);
     int passed = 0;

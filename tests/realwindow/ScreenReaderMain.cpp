@@ -6,6 +6,7 @@
 #include "platform/win32/Handles.h"
 #include "platform/win32/Texts.h"
 #include "tests/realwindow/WindowDriver.h"
+#include "tests/scenario/User.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -100,35 +101,12 @@ class Reader {
     UniqueInterface<IAccessible> object_;
 };
 
-void finishAction(WindowDriver& driver) {
-    if (const auto dialog = driver.openDialog())
-        throw ScenarioError("\"" + dialog->title + "\" was not expected");
-}
-
-void choose(WindowDriver& driver, const char* entry, std::initializer_list<const char*> answers) {
-    driver.chooseMenu(entry);
-    for (const char* answer : answers) {
-        if (!driver.openDialog()) throw ScenarioError("a dialog is missing");
-        Reply reply;
-        reply.text = answer;
-        driver.answer(reply);
-    }
-    finishAction(driver);
-}
-
-void typeScore(WindowDriver& driver, const char* score) {
-    driver.type(score);
-    finishAction(driver);
-    driver.pressKey("Enter");
-    finishAction(driver);
-}
-
 /// A class of two students and one assignment. Its places: a score and four results for each
 /// student, two averages of the assignment, two figures of the class.
-void readTheWindow(WindowDriver& driver) {
-    choose(driver, "mnuAddS", {"Alvarez, Sof\355a", "Sofi"});
-    choose(driver, "mnuAddS", {"Baker, Bob", "Bob"});
-    choose(driver, "mnuAddA", {"Quiz 1", "20"});
+void readTheWindow(User& user) {
+    user.choose("mnuAddS", {typed("Alvarez, Sof\355a"), typed("Sofi")});
+    user.choose("mnuAddS", {typed("Baker, Bob"), typed("Bob")});
+    user.choose("mnuAddA", {typed("Quiz 1"), typed("20")});
     const HWND window = FindWindowW(quorvel::control_id::mainWindowClass, nullptr);
     const Reader reader(window);
     checkNumber("the role of the window", reader.role(CHILDID_SELF), ROLE_SYSTEM_TABLE);
@@ -136,12 +114,12 @@ void readTheWindow(WindowDriver& driver) {
     checkText("a new cell", reader.name(1), "Alvarez, Sof\355a, Quiz 1: 0 of 20");
 
     reader.act(1);
-    finishAction(driver);
+    user.finish();
     checkNumber("the cell that is edited has the focus", reader.focus(), 1);
     checkNumber("and is selected", reader.state(1) & STATE_SYSTEM_SELECTED, STATE_SYSTEM_SELECTED);
     const Reader editor(GetDlgItem(window, quorvel::control_id::txtEnter));
     checkText("the editor", editor.name(CHILDID_SELF), "Alvarez, Sof\355a, Quiz 1");
-    typeScore(driver, "18");
+    user.enter("18");
     checkNumber("nothing has the focus behind the entry", reader.focus(), 0);
     checkText("the new score", reader.name(1), "Alvarez, Sof\355a, Quiz 1: 18 of 20");
     checkText("its value", reader.value(1), "18");
@@ -158,8 +136,7 @@ void readTheWindow(WindowDriver& driver) {
     checkNumber("a cell's top edge", reader.place(1).top, corner.y);
     checkNumber("the cell under a place on the screen", reader.at(corner.x + 5, corner.y + 20), 6);
 
-    driver.clickControl("lblStudent");
-    finishAction(driver);
+    user.clickControl("lblStudent");
     checkText("an alias hides the name", reader.name(1), "Sofi, Quiz 1: 18 of 20");
     const Reader names(GetDlgItem(window, quorvel::control_id::txtS));
     checkText("the names are known by their heading", names.name(CHILDID_SELF), "Student Alias");
@@ -171,9 +148,9 @@ int readAll(const std::filesystem::path& program) {
     const quorvel::ObjectApartment apartment;
     const Bench bench(program, {});
     WindowDriver driver(bench);
-    driver.start();
-    finishAction(driver);
-    readTheWindow(driver);
+    User user(driver);
+    user.start();
+    readTheWindow(user);
     std::cout << passed << " passed, " << failed << " failed\n";
     return failed == 0 ? 0 : 1;
 }

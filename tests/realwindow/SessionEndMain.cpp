@@ -5,6 +5,7 @@
 
 #include "platform/win32/ControlIds.h"
 #include "tests/realwindow/WindowDriver.h"
+#include "tests/scenario/User.h"
 
 #include <fcntl.h>
 #include <io.h>
@@ -51,25 +52,6 @@ class SessionManager {
     std::future<bool> answer_;
 };
 
-Reply textReply(const char* text) {
-    Reply reply;
-    reply.text = text;
-    return reply;
-}
-
-Reply buttonReply(quorvel::Answer button) {
-    Reply reply;
-    reply.button = button;
-    return reply;
-}
-
-Dialog answerNext(WindowDriver& driver, const Reply& reply) {
-    const auto dialog = driver.openDialog();
-    if (!dialog) throw ScenarioError("a dialog is missing");
-    driver.answer(reply);
-    return *dialog;
-}
-
 bool copyExists(const WindowDriver& driver) {
     return std::filesystem::exists(driver.resolve(copyOfSheet));
 }
@@ -90,19 +72,14 @@ void waitForOffer(WindowDriver& driver) {
 void answerOffer(WindowDriver& driver, quorvel::Answer button) {
     waitForOffer(driver);
     check("the sheet is on the disk while the question is open", copyExists(driver));
-    driver.answer(buttonReply(button));
+    driver.answer(pressed(button));
 }
 
 /// A sheet of two students and one assignment, unsaved.
-void fillSheet(WindowDriver& driver) {
-    const auto choose = [&driver](const char* entry, std::initializer_list<const char*> answers) {
-        driver.chooseMenu(entry);
-        for (const char* answer : answers) answerNext(driver, textReply(answer));
-        if (driver.openDialog()) throw ScenarioError("a dialog was not expected");
-    };
-    choose("mnuAddS", {"Adams, Ann", "Ann"});
-    choose("mnuAddS", {"Baker, Bob", "Bob"});
-    choose("mnuAddA", {"Quiz", "20"});
+void fillSheet(User& user) {
+    user.choose("mnuAddS", {typed("Adams, Ann"), typed("Ann")});
+    user.choose("mnuAddS", {typed("Baker, Bob"), typed("Bob")});
+    user.choose("mnuAddA", {typed("Quiz"), typed("20")});
 }
 
 /// Another program keeps the session from ending: everything is as it was.
@@ -119,9 +96,10 @@ void tryVeto(WindowDriver& driver) {
 
 /// The same in the middle of a prompt sequence.
 void tryVetoInASequence(WindowDriver& driver) {
+    User user(driver);
     driver.chooseMenu("mnuInputA");
-    answerNext(driver, textReply("1"));
-    answerNext(driver, textReply("17"));
+    user.answer(typed("1"));
+    user.answer(typed("17"));
     if (!driver.openDialog()) throw ScenarioError("the second student is not asked for");
     SessionManager session;
     session.ask();
@@ -129,7 +107,7 @@ void tryVetoInASequence(WindowDriver& driver) {
     check("the program lets the session end inside a sequence", session.agrees());
     session.tell(false);
     driver.forgetDialog();
-    const Dialog prompt = answerNext(driver, textReply("18"));
+    const Dialog prompt = user.answer(typed("18"));
     check("the sequence goes on where it was",
           prompt.text.find("Student: Baker, Bob") != std::string::npos);
     check("and comes to its end", !driver.openDialog());
@@ -149,9 +127,9 @@ void tryEnd(WindowDriver& driver) {
 
 /// Nobody answers, and the program is ended all the same.
 void tryForcedEnd(WindowDriver& driver) {
-    driver.start();
-    if (driver.openDialog()) throw ScenarioError("a dialog was not expected");
-    fillSheet(driver);
+    User user(driver);
+    user.start();
+    fillSheet(user);
     SessionManager session;
     session.ask();
     waitForOffer(driver);
@@ -164,9 +142,9 @@ void tryForcedEnd(WindowDriver& driver) {
 int checkAll(const std::filesystem::path& program) {
     const Bench bench(program, {});
     WindowDriver driver(bench);
-    driver.start();
-    if (driver.openDialog()) throw ScenarioError("a dialog was not expected");
-    fillSheet(driver);
+    User user(driver);
+    user.start();
+    fillSheet(user);
     tryVeto(driver);
     tryVetoInASequence(driver);
     tryEnd(driver);

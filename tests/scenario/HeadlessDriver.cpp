@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/Paths.h"
+#include "tests/scenario/FormEvents.h"
 #include "tests/scenario/HeadlessControls.h"
 #include "tests/scenario/Texts.h"
 #include "window/Menu.h"
@@ -21,10 +22,6 @@ constexpr const char* passwordFile = "C:\\Windows\\khymltp.wpt";
 
 const CodePage& codePage() {
     return CodePage::windows1252();
-}
-
-[[noreturn]] void failUnknown(std::string_view name) {
-    throw ScenarioError("there is no such control as " + std::string(name));
 }
 
 /// A password file of 0 bytes for an empty text, else one record.
@@ -113,7 +110,7 @@ frmQRV& HeadlessDriver::program() {
     return *program_;
 }
 
-bool HeadlessDriver::act(std::function<void(frmQRV&)> action) {
+bool HeadlessDriver::act(FormEvent action) {
     frmQRV& form = program();
     conversation_.begin([&form, action = std::move(action)] { action(form); });
     return true;
@@ -144,59 +141,23 @@ bool HeadlessDriver::chooseMenu(std::string_view entry) {
 }
 
 bool HeadlessDriver::click(double x, double y) {
-    const CellEditor& txtEnter = program().controls().txtEnter;
-    if (txtEnter.visible && x >= txtEnter.left && x < txtEnter.left + columnPitch &&
-        y >= txtEnter.top && y < txtEnter.top + rowPitch)
-        return act(
-            [](frmQRV& form) { form.txtEnter_Change(std::string(form.controls().txtEnter.text)); });
-
-    const std::string_view control = controlAt(program().layout(), x, y);
-    const bool isTextBox = textBoxNamed(control) != nullptr;
-    if (control == "lblStudent" || control == "lblSN" || isTextBox) return clickControl(control);
-    if (scrollBarNamed(control) != nullptr)
-        throw ScenarioError("a scroll bar is moved with scroll");
-    return act([x, y](frmQRV& form) { form.Form_MouseDown(x, y); });
+    return act(clickAt(program(), x, y));
 }
 
 bool HeadlessDriver::clickControl(std::string_view control) {
-    if (control == "lblStudent") return act([](frmQRV& form) { form.lblStudent_Click(); });
-    if (control == "lblSN") return act([](frmQRV& form) { form.lblSN_Click(); });
-    // A text box takes the focus.
-    if (textBoxNamed(control) != nullptr) return act([](frmQRV& form) { form.hideEditor(); });
-
-    const auto place = placeNamed(control);
-    if (place == nullptr) failUnknown(control);
-    if (scrollBarNamed(control) != nullptr)
-        throw ScenarioError("a scroll bar is moved with scroll");
-    const Rectangle& area = program().layout().*place;
-    const double x = area.left + area.width / 2.0;
-    const double y = area.top + area.height / 2.0;
-    return act([x, y](frmQRV& form) { form.Form_MouseDown(x, y); });
+    return act(clickOn(program(), control));
 }
 
 bool HeadlessDriver::type(std::string_view text) {
-    const CellEditor& txtEnter = program().controls().txtEnter;
-    if (!txtEnter.visible) throw ScenarioError("no editor has the focus");
-    const std::size_t kept = txtEnter.text.size() - txtEnter.selectionLength;
-    std::string changed = txtEnter.text;
-    changed.replace(txtEnter.selectionStart, txtEnter.selectionLength,
-                    text.substr(0, frmQRV::longestEntry - std::min(kept, frmQRV::longestEntry)));
-    return act([changed](frmQRV& form) { form.txtEnter_Change(changed); });
+    return act(textTyped(program(), text));
 }
 
 bool HeadlessDriver::pressKey(std::string_view key) {
-    const CellEditor& txtEnter = program().controls().txtEnter;
-    if (!txtEnter.visible) return act([](frmQRV&) {});
-    if (key == "Enter") return act([](frmQRV& form) { form.txtEnter_KeyDown(frmQRV::enterKey); });
-    if (key == "Escape") return act([](frmQRV& form) { form.txtEnter_KeyDown(frmQRV::escapeKey); });
-    if (key == "Tab") return act([](frmQRV& form) { form.hideEditor(); });
-    return type(key);
+    return act(keyPressed(program(), key));
 }
 
 bool HeadlessDriver::moveScrollBar(std::string_view bar, int position) {
-    const auto member = scrollBarNamed(bar);
-    if (member == nullptr) failUnknown(bar);
-    return act([member, position](frmQRV& form) { form.scroll(member, position); });
+    return act(barMoved(bar, position));
 }
 
 bool HeadlessDriver::closeWindow() {
@@ -204,10 +165,7 @@ bool HeadlessDriver::closeWindow() {
 }
 
 bool HeadlessDriver::endSession() {
-    return act([](frmQRV& form) {
-        form.sessionMayEnd();
-        form.sessionEnds();
-    });
+    return act(sessionEnding());
 }
 
 std::optional<Dialog> HeadlessDriver::openDialog() {

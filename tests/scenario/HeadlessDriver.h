@@ -11,7 +11,7 @@
 #include "tests/fakes/FaultyFiles.h"
 #include "tests/scenario/Conversation.h"
 #include "tests/scenario/Driver.h"
-#include "window/frmQRV.h"
+#include "tests/scenario/FormEvents.h"
 
 namespace quorvel::scenario {
 
@@ -83,7 +83,7 @@ class HeadlessDriver : public Driver {
     /// The program where it runs and shows its window; throws ScenarioError where it does not.
     frmQRV& program();
     /// Carries out what the user does on the program's own thread.
-    bool act(std::function<void(frmQRV&)> action);
+    bool act(FormEvent action);
 
     TemporaryFolder folder_;
     TemporaryFolder user_;

@@ -6,6 +6,8 @@
 
 #include "core/Numbers.h"
 #include "storage/SheetFile.h"
+#include "tests/scenario/FormEvents.h"
+#include "tests/scenario/HeadlessControls.h"
 #include "tests/scenario/Texts.h"
 #include "tests/walk/Invariants.h"
 #include "window/Menu.h"
@@ -45,13 +47,6 @@ constexpr std::array marksUnsaved{
     "mnuAddS",    "mnuEditS",  "mnuRemoveS", "mnuAddA", "mnuEditA",
     "mnuRemoveA", "mnuInputA", "mnuInputS",  "mnuCopy", "mnuEditGradesheetTitle",
 };
-
-struct NamedBar {
-    std::string_view name;
-    ScrollBar Controls::*bar;
-};
-constexpr std::array bars{NamedBar{"hsbA", &Controls::hsbA}, NamedBar{"vsbA", &Controls::vsbA},
-                          NamedBar{"vsbS", &Controls::vsbS}};
 
 template <std::size_t count>
 bool isAmong(const std::array<const char*, count>& names, std::string_view name) {
@@ -177,54 +172,35 @@ void Walk::clickSomewhere() {
 
 void Walk::clickCanvas(double x, double y) {
     log_.line("click " + decimalText(x) + " " + decimalText(y));
-    const CellEditor& editor = txtEnter();
-    const bool intoEditor = editor.visible && x >= editor.left && x < editor.left + columnPitch &&
-                            y >= editor.top && y < editor.top + rowPitch;
-    if (intoEditor)
-        form_->txtEnter_Change(std::string(editor.text));
-    else
-        form_->Form_MouseDown(x, y);
+    scenario::clickAt(*form_, x, y)(*form_);
 }
 
 void Walk::clickHeading() {
-    if (random_.chance(50)) {
-        log_.line("click lblStudent");
-        form_->lblStudent_Click();
-    } else {
-        log_.line("click lblSN");
-        form_->lblSN_Click();
-    }
+    const std::string_view heading = random_.chance(50) ? "lblStudent" : "lblSN";
+    log_.line("click " + std::string(heading));
+    scenario::clickOn(*form_, heading)(*form_);
 }
 
 void Walk::typeSomething() {
     const std::string typed = random_.chance(85) ? dialogs_.typedNumber() : dialogs_.typedText();
     log_.line("type " + inQuotes(typed));
-    const CellEditor& editor = txtEnter();
-    std::string text = editor.text;
-    text.replace(editor.selectionStart, editor.selectionLength, typed);
-    // The box takes no more than fits.
-    const std::size_t tooLong = text.size() - std::min(text.size(), frmQRV::longestEntry);
-    text.erase(editor.selectionStart + typed.size() - std::min(tooLong, typed.size()),
-               std::min(tooLong, typed.size()));
-    form_->txtEnter_Change(text);
+    scenario::textTyped(*form_, typed)(*form_);
 }
 
 void Walk::pressSomeKey() {
     constexpr std::array<std::string_view, 3> keys{"Enter", "Tab", "Escape"};
     const std::string_view key = random_.chance(60) ? keys[0] : random_.oneOf(keys);
     log_.line("key " + std::string(key));
-    if (key == "Tab")
-        form_->hideEditor();
-    else
-        form_->txtEnter_KeyDown(key == "Enter" ? frmQRV::enterKey : frmQRV::escapeKey);
+    scenario::keyPressed(*form_, key)(*form_);
 }
 
 void Walk::moveSomeBar() {
-    const auto& [name, member] = random_.oneOf(bars);
-    const ScrollBar& bar = form_->controls().*member;
+    constexpr std::array<std::string_view, 3> bars{"hsbA", "vsbA", "vsbS"};
+    const std::string_view name = random_.oneOf(bars);
+    const ScrollBar& bar = form_->controls().*scenario::scrollBarNamed(name);
     const int position = random_.between(bar.minimum(), bar.maximum());
     log_.line("scroll " + std::string(name) + " " + std::to_string(position));
-    form_->scroll(member, position);
+    scenario::barMoved(name, position)(*form_);
 }
 
 void Walk::closeTheWindow() {
@@ -233,8 +209,7 @@ void Walk::closeTheWindow() {
         form_->closeBox();
     } else {
         log_.line("session ends");
-        form_->sessionMayEnd();
-        form_->sessionEnds();
+        scenario::sessionEnding()(*form_);
     }
     // On a full disk the user may go back to a sheet that nothing took.
     if (!form_->hasEnded() && !files_.full)

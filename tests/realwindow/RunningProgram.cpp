@@ -1,5 +1,8 @@
 #include "tests/realwindow/RunningProgram.h"
 
+#include <array>
+#include <cstddef>
+
 #include "platform/win32/ControlIds.h"
 #include "tests/realwindow/SystemTexts.h"
 #include "tests/scenario/Scenario.h"
@@ -33,20 +36,33 @@ Value readMemory(HANDLE process, const void* address) {
     return value;
 }
 
-/// The command line as the process was given it.
-std::wstring commandLineOf(HANDLE process) {
+std::wstring readText(HANDLE process, const UNICODE_STRING& text) {
+    std::wstring characters(text.Length / sizeof(wchar_t), L'\0');
+    if (ReadProcessMemory(process, text.Buffer, characters.data(), text.Length, nullptr) == 0)
+        throw ScenarioError("a started program cannot be looked into");
+    return characters;
+}
+
+/// What a process was started with. The system's header leaves the working folder unnamed.
+struct StartParameters {
+    std::array<std::byte, 0x38> before;
+    UNICODE_STRING workingFolder;
+    HANDLE workingFolderHandle;
+    UNICODE_STRING libraryFolders;
+    UNICODE_STRING program;
+    UNICODE_STRING commandLine;
+};
+static_assert(offsetof(StartParameters, commandLine) ==
+              offsetof(RTL_USER_PROCESS_PARAMETERS, CommandLine));
+
+StartedProgram startedAs(HANDLE process) {
     PROCESS_BASIC_INFORMATION information{};
     if (NtQueryInformationProcess(process, ProcessBasicInformation, &information,
                                   sizeof information, nullptr) != 0)
         throw ScenarioError("a started program cannot be looked into");
     const auto block = readMemory<PEB>(process, information.PebBaseAddress);
-    const auto parameters =
-        readMemory<RTL_USER_PROCESS_PARAMETERS>(process, block.ProcessParameters);
-    std::wstring text(parameters.CommandLine.Length / sizeof(wchar_t), L'\0');
-    if (ReadProcessMemory(process, parameters.CommandLine.Buffer, text.data(),
-                          text.size() * sizeof(wchar_t), nullptr) == 0)
-        throw ScenarioError("a started program cannot be looked into");
-    return text;
+    const auto parameters = readMemory<StartParameters>(process, block.ProcessParameters);
+    return {readText(process, parameters.commandLine), readText(process, parameters.workingFolder)};
 }
 
 }  // namespace
@@ -118,14 +134,14 @@ std::vector<DWORD> RunningProgram::startedProcesses() const {
     return started;
 }
 
-std::vector<std::wstring> RunningProgram::startedPrograms() const {
-    std::vector<std::wstring> commandLines;
+std::vector<StartedProgram> RunningProgram::startedPrograms() const {
+    std::vector<StartedProgram> programs;
     for (const DWORD started : startedProcesses()) {
         const UniqueHandle process(
             OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, started));
-        if (process) commandLines.push_back(commandLineOf(process.get()));
+        if (process) programs.push_back(startedAs(process.get()));
     }
-    return commandLines;
+    return programs;
 }
 
 }  // namespace quorvel::scenario

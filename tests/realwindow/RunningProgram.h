@@ -10,6 +10,12 @@
 
 namespace quorvel::scenario {
 
+/// What the program started and what still runs.
+struct StartedProgram {
+    std::wstring commandLine;
+    std::filesystem::path workingFolder;
+};
+
 /// The program as the system sees it: a process and its windows. It ends with this object, and so
 /// does every program that it started.
 class RunningProgram {
@@ -32,8 +38,7 @@ class RunningProgram {
     /// The window that the keyboard goes to; null when it goes to none of the program's.
     HWND focusedWindow() const;
 
-    /// The command lines of the programs that it started and that still run.
-    std::vector<std::wstring> startedPrograms() const;
+    std::vector<StartedProgram> startedPrograms() const;
 
   private:
     std::vector<DWORD> startedProcesses() const;

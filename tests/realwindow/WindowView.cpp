@@ -210,7 +210,10 @@ std::optional<std::vector<FileCopy>> WindowDriver::copies() {
 std::optional<std::vector<std::string>> WindowDriver::launches() {
     std::vector<std::string> launches;
     if (!program_) return launches;
-    for (std::wstring commandLine : program_->startedPrograms()) {
+    for (auto [commandLine, workingFolder] : program_->startedPrograms()) {
+        // It would keep the folder from being moved or removed.
+        if (std::filesystem::equivalent(workingFolder, folder_.path()))
+            throw ScenarioError("what the program started works in the program's folder");
         // Windows starts no program behind a blank, and takes a path with blanks in quotation
         // marks: both are how it is asked, not what is asked for.
         std::erase(commandLine, L'"');

@@ -30,6 +30,8 @@ constexpr int rowTop(int row) {
     return rowPitch * row + 16;
 }
 inline constexpr int headingTop = 2;
+/// Figures and letters stand on a line this far below the top of their glyph.
+inline constexpr int glyphBaseline = 9;
 
 /// Rows alternate as positions on screen, so the banding stays put while scrolling.
 constexpr GlyphSet rowSet(int row) {
@@ -42,8 +44,9 @@ inline constexpr int pointsPossibleLeft = 344;
 inline constexpr int pointsSlots = 4;
 inline constexpr int percentageLeft = 378;
 inline constexpr int percentageWholeSlots = 3;
-/// The whole digits, the decimal point and the tenth.
-inline constexpr int percentageSlots = percentageWholeSlots + 2;
+/// The decimal point and the tenth.
+inline constexpr int percentageTenthSlots = 2;
+inline constexpr int percentageSlots = percentageWholeSlots + percentageTenthSlots;
 inline constexpr int letterGradeLeft = 420;
 
 /// Places that every refresh clears although nothing is drawn there in the small layout; they do

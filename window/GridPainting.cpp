@@ -24,8 +24,7 @@ std::string scoreText(const GridView& view, int row, int column) {
 }
 
 /// Whole digits right-aligned, then the decimal point and the tenth; both stay blank for a whole
-/// percentage. The decimal point's bitmap exists on the plain background only, so its slot keeps
-/// that background in every row, like a ruled column.
+/// percentage.
 void placePercentage(GlyphCanvas& canvas, Surface surface, GlyphSet set, std::int64_t tenths, int x,
                      int y) {
     const std::string whole = std::to_string(tenths / 10);
@@ -35,10 +34,8 @@ void placePercentage(GlyphCanvas& canvas, Surface surface, GlyphSet set, std::in
     }
     const std::int64_t tenth = tenths % 10;
     canvas.placeText(surface, set, whole, x, y, percentageWholeSlots);
-    canvas.placeText(surface, GlyphSet::Plain, tenth == 0 ? " " : ".",
-                     slotLeft(x, percentageWholeSlots), y, 1);
-    canvas.placeText(surface, set, tenth == 0 ? " " : std::to_string(tenth),
-                     slotLeft(x, percentageWholeSlots + 1), y, 1);
+    canvas.placeText(surface, set, tenth == 0 ? "" : "." + std::to_string(tenth),
+                     slotLeft(x, percentageWholeSlots), y, percentageTenthSlots);
 }
 
 /// The results of a row without a student. Under the rows of students letters and tenths never
@@ -50,11 +47,9 @@ void clearResults(GlyphCanvas& canvas, int row, int shift) {
     canvas.placeBlanks(Surface::Grid, set, pointsPossibleLeft + shift, top, pointsSlots);
     canvas.placeBlanks(Surface::Grid, set, percentageLeft + shift, top, percentageWholeSlots);
     if (row >= visibleRows) return;
-    canvas.placeText(Surface::Grid, GlyphSet::Plain, "",
-                     slotLeft(percentageLeft + shift, percentageWholeSlots), top, 1);
-    canvas.placeText(Surface::Grid, set, "",
-                     slotLeft(percentageLeft + shift, percentageWholeSlots + 1), top, 1);
-    canvas.placeText(Surface::Grid, set, "", letterGradeLeft + shift, top, 1);
+    canvas.placeBlanks(Surface::Grid, set, slotLeft(percentageLeft + shift, percentageWholeSlots),
+                       top, percentageTenthSlots);
+    canvas.placeBlanks(Surface::Grid, set, letterGradeLeft + shift, top, 1);
 }
 
 void drawResults(GlyphCanvas& canvas, int row, int shift, const StudentFigures& figures) {

@@ -49,6 +49,16 @@ std::string rankLines(const GridView& view) {
         view, [&view](int student) { return std::to_string(view.sheet.figures(student).rank); });
 }
 
+std::size_t longestLine(std::string_view lines) {
+    std::size_t longest = 0;
+    while (!lines.empty()) {
+        const std::size_t end = std::min(lines.find(lineBreak), lines.size());
+        longest = std::max(longest, end);
+        lines.remove_prefix(std::min(end + lineBreak.size(), lines.size()));
+    }
+    return longest;
+}
+
 AssignmentLines assignmentLines(const GradeSheet& sheet, int first, int count) {
     AssignmentLines lines;
     if (first == 0 || first > sheet.assignmentCount() || sheet.assignmentName(first).empty())

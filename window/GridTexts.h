@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "window/GridView.h"
 
@@ -15,6 +17,9 @@ std::string aliasLines(const GridView& view);
 std::string rowNumberLines(const GridView& view);
 /// Class ranks, from the figures as last computed.
 std::string rankLines(const GridView& view);
+
+/// The number of characters in the longest of these lines.
+std::size_t longestLine(std::string_view lines);
 
 /// The columns of the assignment list.
 struct AssignmentLines {

@@ -22,8 +22,9 @@ constexpr int footTop = shownCanvasHeight + scrollBarWidth;
 constexpr int footLabelWidth = 148;
 constexpr int listTop = footTop + footHeight;
 constexpr int listHeadingHeight = 17;
-constexpr int listNumberWidth = 40;
-constexpr int listNameWidth = 283;
+constexpr int listNumberWidth = 36;
+constexpr int listNameWidth = 287;
+constexpr int listIndent = 10;  // names stand this far from the numbers before them
 constexpr int listValueWidth = 50;
 constexpr int fewestListLines = 3;
 
@@ -52,10 +53,11 @@ void placeAssignmentList(Layout& layout, int linesHeight) {
     constexpr int nameLeft = scrollBarWidth + listNumberWidth;
     constexpr int valueLeft = nameLeft + listNameWidth;
     layout.vsbA = {0, listTop, scrollBarWidth, listHeadingHeight + linesHeight};
-    layout.lblA1 = {scrollBarWidth, listTop, listNumberWidth, listHeadingHeight};
-    layout.lblA2 = {nameLeft, listTop, listNameWidth, listHeadingHeight};
+    layout.lblA1 = {scrollBarWidth, listTop, listNumberWidth + listIndent, listHeadingHeight};
+    layout.lblA2 = {nameLeft + listIndent, listTop, listNameWidth - listIndent, listHeadingHeight};
     layout.lblAV = {valueLeft, listTop, listValueWidth, listHeadingHeight};
     layout.lblAN = {scrollBarWidth, linesTop, listNumberWidth, linesHeight};
+    layout.listIndent = listIndent;
     layout.txtA = {nameLeft, linesTop, listNameWidth, linesHeight};
     layout.txtAV = {valueLeft, linesTop, listValueWidth, linesHeight};
 }
@@ -105,6 +107,11 @@ Layout wideLayout(int clientHeight) {
 }
 
 }  // namespace
+
+int rowTextTop(int ascent) {
+    constexpr int glyphTop = canvas_places::rowTop(0) - headingHeight;
+    return std::max(0, glyphTop + canvas_places::glyphBaseline - ascent);
+}
 
 Layout layoutFor(ScreenSize screen, int clientHeight) {
     return screen == smallScreen ? smallLayout(clientHeight) : wideLayout(clientHeight);

@@ -33,6 +33,7 @@ struct Layout {
     Rectangle gridCanvas, hsbA, bottomCanvas;
     Rectangle lblAvgScore, Label1, lblClassAvg;
     Rectangle lblA1, lblA2, lblAV, lblAN, txtA, txtAV, vsbA;
+    int listIndent = 0;      // of what txtA and txtAV hold, from the side that it is aligned to
     int rowTextHeight = 0;   // cell height of the font of txtSN and txtS
     int listTextHeight = 0;  // of lblAN, txtA and txtAV
 };
@@ -42,5 +43,9 @@ inline constexpr int visibleRows = 20;
 /// Where the window's client area can have no more than `clientHeight`, the assignment list gives
 /// up lines, down to three.
 Layout layoutFor(ScreenSize screen, int clientHeight = INT_MAX);
+
+/// How far below the top of its row a text has to begin to stand on one line with the figures, if
+/// its font has this ascent. Pixels.
+int rowTextTop(int ascent);
 
 }  // namespace quorvel

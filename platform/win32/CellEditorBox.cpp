@@ -14,7 +14,9 @@ namespace quorvel {
 
 namespace {
 
-constexpr int leftMargin = 1;
+/// A typed figure stands where it is drawn afterwards.
+constexpr int rightMargin =
+    columnPitch - canvas_places::scoreLeft(0) - canvas_places::scoreSlots * Canvas::glyphWidth;
 constexpr UINT_PTR subclassId = 1;
 
 /// Stands out from both backgrounds of the grid.
@@ -37,13 +39,13 @@ CellEditorBox::CellEditorBox(const CodePage& codePage, Events events)
 void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
     name_ = createControl(parent, {.windowClass = L"STATIC", .style = WS_VISIBLE | SS_NOPREFIX});
     window_ = createControl(parent, {.windowClass = L"EDIT",
-                                     .style = ES_AUTOHSCROLL,
+                                     .style = ES_AUTOHSCROLL | ES_RIGHT,
                                      .id = id,
                                      .place = {0, 0, columnPitch, rowPitch},
                                      .font = font_.get()});
     ::SendMessageW(window_, EM_SETLIMITTEXT, longestText, 0);
     ::SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
-                   MAKELPARAM(leftMargin, 0));
+                   MAKELPARAM(0, rightMargin));
     ::SetWindowSubclass(window_, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
 }
 

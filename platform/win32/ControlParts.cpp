@@ -26,6 +26,14 @@ LRESULT CALLBACK centreActivated(int code, WPARAM wParam, LPARAM lParam) {
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+TEXTMETRICW metricsOf(HWND window, HFONT font) {
+    const WindowDC context(window);
+    const SelectedObject selection(context.get(), font);
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(context.get(), &metrics);
+    return metrics;
+}
+
 }  // namespace
 
 HWND createControl(HWND parent, const ControlParts& parts) {
@@ -63,11 +71,12 @@ UniqueFont messageFont() {
 }
 
 DialogFont measureFont(HWND window, HFONT font) {
-    const WindowDC context(window);
-    const SelectedObject selection(context.get(), font);
-    TEXTMETRICW metrics{};
-    ::GetTextMetricsW(context.get(), &metrics);
+    const TEXTMETRICW metrics = metricsOf(window, font);
     return {static_cast<int>(metrics.tmAveCharWidth), static_cast<int>(metrics.tmHeight)};
+}
+
+int ascentOf(HWND window, HFONT font) {
+    return static_cast<int>(metricsOf(window, font).tmAscent);
 }
 
 RECT workArea(HWND window) {

@@ -39,6 +39,9 @@ UniqueFont messageFont();
 /// What a dialog has to know of a font to lay itself out.
 DialogFont measureFont(HWND window, HFONT font);
 
+/// The distance in pixels from the top of a font's lines to what its letters stand on.
+int ascentOf(HWND window, HFONT font);
+
 /// The part of the screen that windows can cover where `window` stands.
 RECT workArea(HWND window);
 

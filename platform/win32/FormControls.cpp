@@ -6,6 +6,7 @@
 #include "platform/win32/ControlIds.h"
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/Texts.h"
+#include "window/GridTexts.h"
 #include "window/Scrolling.h"
 
 #include <commctrl.h>
@@ -17,14 +18,15 @@ namespace {
 constexpr int labelTextHeight = 11;
 /// Row numbers of four digits fit their column.
 constexpr int rowNumberWidth = 6;
-constexpr int textMargin = 2;
-constexpr int rowNumberMargin = 0;
+constexpr int nameMargin = 2;
+/// Air between the row numbers and the scroll bar, where the numbers leave it.
+constexpr int rowNumberMargin = 5;
 
-constexpr DWORD rosterHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
-constexpr DWORD listHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_LEFT;
-constexpr DWORD clickedHeading = rosterHeading | SS_NOTIFY;
+constexpr DWORD clickedHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER | SS_NOTIFY;
+constexpr DWORD leftHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_LEFT;
 constexpr DWORD caption = SS_NOPREFIX | SS_CENTERIMAGE | SS_RIGHT;
-constexpr DWORD lines = SS_NOPREFIX | SS_LEFTNOWORDWRAP;
+constexpr DWORD centredHeading = SS_NOPREFIX | SS_CENTERIMAGE | SS_CENTER;
+constexpr DWORD lines = SS_NOPREFIX | SS_RIGHT;
 
 struct LabelPlan {
     int id;
@@ -39,9 +41,9 @@ constexpr std::array labelPlans{
     LabelPlan{control_id::lblAvgScore, &Controls::lblAvgScore, &Layout::lblAvgScore, caption},
     LabelPlan{control_id::Label1, &Controls::Label1, &Layout::Label1, caption},
     LabelPlan{control_id::lblClassAvg, &Controls::lblClassAvg, &Layout::lblClassAvg, caption},
-    LabelPlan{control_id::lblA1, &Controls::lblA1, &Layout::lblA1, listHeading},
-    LabelPlan{control_id::lblA2, &Controls::lblA2, &Layout::lblA2, listHeading},
-    LabelPlan{control_id::lblAV, &Controls::lblAV, &Layout::lblAV, listHeading},
+    LabelPlan{control_id::lblA1, &Controls::lblA1, &Layout::lblA1, centredHeading},
+    LabelPlan{control_id::lblA2, &Controls::lblA2, &Layout::lblA2, leftHeading},
+    LabelPlan{control_id::lblAV, &Controls::lblAV, &Layout::lblAV, centredHeading},
     LabelPlan{control_id::lblAN, &Controls::lblAN, &Layout::lblAN, lines},
 };
 
@@ -50,14 +52,19 @@ struct TextPlan {
     int heading;  // the label that names it
     TextBox Controls::*box;
     Rectangle Layout::*place;
+    DWORD alignment = ES_LEFT;
 };
 
 constexpr std::array textPlans{
     TextPlan{control_id::txtSN, control_id::lblSN, &Controls::txtSN, &Layout::txtSN},
     TextPlan{control_id::txtS, control_id::lblStudent, &Controls::txtS, &Layout::txtS},
     TextPlan{control_id::txtA, control_id::lblA2, &Controls::txtA, &Layout::txtA},
-    TextPlan{control_id::txtAV, control_id::lblAV, &Controls::txtAV, &Layout::txtAV},
+    TextPlan{control_id::txtAV, control_id::lblAV, &Controls::txtAV, &Layout::txtAV, ES_RIGHT},
 };
+
+bool isBesideTheRows(int id) {
+    return id == control_id::txtSN || id == control_id::txtS;
+}
 
 struct BarPlan {
     int id;
@@ -103,11 +110,25 @@ LRESULT CALLBACK textBoxProcedure(HWND window, UINT message, WPARAM wParam, LPAR
     return ::DefSubclassProc(window, message, wParam, lParam);
 }
 
-/// Without the inner border of an edit control: line k stands k line heights below the top.
-void fillWithText(HWND edit, const Rectangle& place, int margin) {
+/// Without the inner border of an edit control: line k stands k line heights below the text's top.
+void placeText(HWND edit, const RECT& text) {
     ::SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-    RECT text{margin, 0, place.width, place.height};
     ::SendMessageW(edit, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&text));
+}
+
+/// The margin yields to numbers that need the whole column.
+int rowNumberIndent(std::string_view rowNumbers, LONG columnWidth) {
+    const int width = static_cast<int>(longestLine(rowNumbers)) * rowNumberWidth;
+    return width + rowNumberMargin > columnWidth ? 0 : rowNumberMargin;
+}
+
+void indentRowNumbers(HWND edit, std::string_view rowNumbers) {
+    RECT text{};
+    ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+    const int left = rowNumberIndent(rowNumbers, text.right);
+    if (left == text.left) return;
+    text.left = left;
+    placeText(edit, text);
 }
 
 }  // namespace
@@ -127,7 +148,7 @@ void FormControls::create(HWND parent) {
     for (const TextPlan& plan : textPlans) {
         texts_.push_back({createControl(parent, {.windowClass = L"EDIT",
                                                  .style = WS_VISIBLE | ES_MULTILINE | ES_READONLY |
-                                                          ES_AUTOHSCROLL,
+                                                          ES_AUTOHSCROLL | plan.alignment,
                                                  .id = plan.id}),
                           plan.box,
                           {}});
@@ -143,7 +164,8 @@ void FormControls::create(HWND parent) {
                          plan.bar, 1});
 }
 
-void FormControls::place(const Layout& layout) {
+void FormControls::place(const Layout& layout, RowBands rowBands) {
+    rowBands_ = std::move(rowBands);
     const auto fitFont = [&](HWND control, int id) {
         ::SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(fontOf(id)), TRUE);
     };
@@ -159,17 +181,28 @@ void FormControls::place(const Layout& layout) {
         fitFont(labels_[i].control, labelPlans[i].id);
     }
     for (std::size_t i = 0; i < textPlans.size(); ++i) {
-        const Rectangle& place = layout.*textPlans[i].place;
-        moveControl(texts_[i].control, place);
         fitFont(texts_[i].control, textPlans[i].id);
-        fillWithText(texts_[i].control, place,
-                     textPlans[i].id == control_id::txtSN ? rowNumberMargin : textMargin);
+        placeTextBox(texts_[i], textPlans[i].id, layout.*textPlans[i].place, layout);
     }
     for (std::size_t i = 0; i < barPlans.size(); ++i) {
         moveControl(bars_[i].control, layout.*barPlans[i].place);
         bars_[i].page = pageOf(barPlans[i].bar, layout);
         bars_[i].maximum = -1;
     }
+}
+
+void FormControls::placeTextBox(TextControl& target, int id, Rectangle place,
+                                const Layout& layout) const {
+    RECT text{layout.listIndent, 0, place.width - layout.listIndent, place.height};
+    if (isBesideTheRows(id)) {
+        const int top = rowTextTop(ascentOf(target.control, rowFont_.get()));
+        place.height += top;  // for the last line, which begins lower, too
+        const int left =
+            id == control_id::txtSN ? rowNumberIndent(target.shown.text, place.width) : nameMargin;
+        text = {left, top, place.width, place.height};
+    }
+    moveControl(target.control, place);
+    placeText(target.control, text);
 }
 
 HFONT FormControls::fontOf(int id) const {
@@ -193,6 +226,7 @@ void FormControls::show(const Controls& controls) {
         const TextBox& box = controls.*target.box;
         if (box == target.shown) continue;
         target.shown = box;
+        if (target.box == &Controls::txtSN) indentRowNumbers(target.control, box.text);
         setWindowText(target.control, box.text, codePage_);
     }
     for (BarControl& target : bars_) showBar(target, controls.*target.bar);
@@ -252,7 +286,17 @@ int FormControls::positionWanted(HWND control, WPARAM scrollMessage) const {
     }
 }
 
+bool FormControls::standsOnRowBands(HWND control) const {
+    return isBesideTheRows(::GetDlgCtrlID(control)) && !isHighContrast() &&
+           ::GetSysColor(COLOR_WINDOW) == rowBands_.lightColour;
+}
+
 HBRUSH FormControls::colour(HDC context, HWND control) const {
+    if (standsOnRowBands(control)) {
+        ::SetBkMode(context, TRANSPARENT);
+        ::SetTextColor(context, ::GetSysColor(COLOR_WINDOWTEXT));
+        return rowBands_.brush.get();
+    }
     const auto label = std::ranges::find(labels_, control, &LabelControl::control);
     const Ground ground = label == labels_.end() ? Ground::Paper : label->shown.ground;
     if (ground == Ground::Paper) return systemGround(context, COLOR_WINDOW, COLOR_WINDOWTEXT);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/CodePage.h"
+#include "platform/win32/GdiCanvas.h"
 #include "platform/win32/Handles.h"
 #include "window/frmQRV.h"
 
@@ -17,8 +18,9 @@ class FormControls {
 
     /// Makes the controls, without a place yet.
     void create(HWND parent);
-    /// Puts every control into its place, in the layout's sizes.
-    void place(const Layout& layout);
+    /// Puts every control into its place, in the layout's sizes. The bands of the rows go on behind
+    /// the names, unless the user asked for other colours.
+    void place(const Layout& layout, RowBands rowBands);
     void show(const Controls& controls);
 
     /// The program's scroll bar behind a real one; null for another window.
@@ -51,11 +53,14 @@ class FormControls {
 
     void showLabel(LabelControl& target, const Label& label);
     static void showBar(BarControl& target, const ScrollBar& bar);
+    void placeTextBox(TextControl& target, int id, Rectangle place, const Layout& layout) const;
     HFONT fontOf(int id) const;
+    bool standsOnRowBands(HWND control) const;
 
     const CodePage& codePage_;
     UniqueBrush headingBrush_;
     UniqueBrush changedHeadingBrush_;
+    RowBands rowBands_;
     UniqueFont labelFont_;
     UniqueFont rowFont_;
     UniqueFont rowNumberFont_;

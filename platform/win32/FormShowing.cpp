@@ -63,7 +63,7 @@ void FormWindow::present() {
 void FormWindow::reopen() {
     const bool firstTime = openings_ == 0;
     openings_ = form_.openings();
-    controls_.place(form_.layout());
+    controls_.place(form_.layout(), canvas_.rowBands());
     fitToLayout();
     if (firstTime) centreOnOwner(window_);
     ::InvalidateRect(window_, nullptr, TRUE);

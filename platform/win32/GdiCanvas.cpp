@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "window/BitmapFiles.h"
+#include "window/CanvasPlaces.h"
 
 namespace quorvel {
 
@@ -21,6 +22,12 @@ UniqueBitmap blankBitmap(HDC context, int width, int height) {
     const SelectedObject selection(context, bitmap.get());
     ::PatBlt(context, 0, 0, width, height, WHITENESS);
     return bitmap;
+}
+
+/// Fills the band of a row with what its blank glyph shows.
+void fillBand(HDC target, int row, HDC blankGlyph) {
+    ::StretchBlt(target, 0, row * rowPitch, Canvas::glyphWidth, rowPitch, blankGlyph, 0, 0,
+                 Canvas::glyphWidth, Canvas::glyphHeight, SRCCOPY);
 }
 
 }  // namespace
@@ -83,6 +90,21 @@ std::optional<RECT> GdiCanvas::takeChanged(Surface surface) {
 void GdiCanvas::paint(Surface surface, HDC target, int left, int top, const RECT& area) const {
     ::BitBlt(target, left + area.left, top + area.top, area.right - area.left,
              area.bottom - area.top, drawing(surface).picture.get(), area.left, area.top, SRCCOPY);
+}
+
+RowBands GdiCanvas::rowBands() const {
+    const auto blankOf = [this](GlyphSet set) {
+        return glyphDCs_[static_cast<std::size_t>(glyph::blank(set))].get();
+    };
+    const UniqueDC context(::CreateCompatibleDC(nullptr));
+    const UniqueBitmap bands = blankBitmap(context.get(), glyphWidth, 2 * rowPitch);
+    {
+        const SelectedObject selection(context.get(), bands.get());
+        for (const int row : {0, 1})
+            fillBand(context.get(), row, blankOf(canvas_places::rowSet(row)));
+    }
+    return {UniqueBrush(::CreatePatternBrush(bands.get())),
+            ::GetPixel(blankOf(GlyphSet::Plain), 0, 0)};
 }
 
 }  // namespace quorvel

@@ -8,6 +8,12 @@
 
 namespace quorvel {
 
+/// What the rows of the grid stand on, for the texts beside them.
+struct RowBands {
+    UniqueBrush brush;         // the two colours of the rows, the first row's first
+    COLORREF lightColour = 0;  // that of every second row
+};
+
 /// The canvases and glyphs as bitmaps in memory. The window that shows them asks for what is new.
 class GdiCanvas final : public Canvas {
   public:
@@ -20,6 +26,7 @@ class GdiCanvas final : public Canvas {
     std::optional<RECT> takeChanged(Surface surface);
     /// Copies `area` of a surface to the same place right of and below `left`, `top` of `target`.
     void paint(Surface surface, HDC target, int left, int top, const RECT& area) const;
+    RowBands rowBands() const;
 
   private:
     /// A bitmap and the context that it is drawn through.

@@ -137,7 +137,7 @@ std::vector<int> figurePlaces(const Layout& layout) {
         places.push_back(slotLeft(pointsEarnedLeft + layout.rightColumnsShift, slot));
         places.push_back(slotLeft(pointsPossibleLeft + layout.rightColumnsShift, slot));
     }
-    for (const int slot : {0, 1, 2, 4}) {
+    for (int slot = 0; slot < percentageSlots; ++slot) {
         places.push_back(slotLeft(percentageLeft + layout.rightColumnsShift, slot));
     }
     places.push_back(letterGradeLeft + layout.rightColumnsShift);
@@ -245,6 +245,20 @@ TEST(Bitmaps, FiguresLeaveRoomAtBothSides) {
     }
 }
 
+TEST(Bitmaps, AllFiguresStandOnOneLine) {
+    for (const std::string& shape : shapes) {
+        const Bitmap glyph(shape + ".bmp");
+        const auto hasInk = [&glyph](int y) {
+            for (int x = 0; x < Canvas::glyphWidth; ++x)
+                if (glyph.at(x, y) == inkColour()) return true;
+            return false;
+        };
+        EXPECT_TRUE(hasInk(canvas_places::glyphBaseline - 1)) << shape;
+        for (int y = canvas_places::glyphBaseline; y < Canvas::glyphHeight; ++y)
+            EXPECT_FALSE(hasInk(y)) << shape;
+    }
+}
+
 TEST_P(Canvases, ABlankGlyphDoesNotShowOnAnyRow) {
     const Bitmap grid(GetParam().grid);
     for (int row = 0; row < canvas_places::clearedBands; ++row) {
@@ -256,14 +270,13 @@ TEST_P(Canvases, ABlankGlyphDoesNotShowOnAnyRow) {
     }
 }
 
-TEST_P(Canvases, TheDecimalPointHasAPlainPlaceOnEveryRow) {
-    const Bitmap grid(GetParam().grid);
-    const int left =
-        canvas_places::slotLeft(canvas_places::percentageLeft + GetParam().layout.rightColumnsShift,
-                                canvas_places::percentageWholeSlots);
-    for (int row = 0; row < visibleRows; ++row) {
-        EXPECT_TRUE(grid.glyphPlaceIs(left, canvas_places::rowTop(row), plainColour())) << row;
-    }
+TEST(Bitmaps, TheDecimalPointStandsHalfwayBetweenTheRowColours) {
+    const Colour24 ground = Bitmap("DP.bmp").at(0, 0);
+    const auto between = [](int one, int two) { return (one + two + 1) / 2; };
+    const Colour24 plain = plainColour();
+    const Colour24 other = doubleColour();
+    EXPECT_EQ(ground, (Colour24{between(plain.red, other.red), between(plain.green, other.green),
+                                between(plain.blue, other.blue)}));
 }
 
 TEST_P(Canvases, ColumnNumbersStandOnThePlainColour) {

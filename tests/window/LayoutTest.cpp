@@ -97,4 +97,10 @@ TEST(Layout, EachTextLineStandsBesideItsRow) {
     }
 }
 
+TEST(Layout, TextsBesideTheRowsStandOnOneLineWithTheFigures) {
+    EXPECT_EQ(rowTextTop(10), 1);
+    EXPECT_EQ(rowTextTop(11), 0);
+    EXPECT_EQ(rowTextTop(13), 0);
+}
+
 }  // namespace quorvel

@@ -30,6 +30,13 @@ if(WIN32)
         -Wl,--no-insert-timestamp -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()
 
+# Nearly every source reads these headers, which takes longer than what it has to say; they are compiled once.
+file(WRITE ${CMAKE_BINARY_DIR}/standard_once.cpp "")
+add_library(standard_once OBJECT ${CMAKE_BINARY_DIR}/standard_once.cpp)
+target_precompile_headers(standard_once PRIVATE
+    <algorithm> <filesystem> <functional> <map> <memory> <optional> <string> <variant> <vector>)
+target_link_libraries(standard_once PRIVATE quorvel_options)
+
 # quorvel_library(NAME FOLDER DIRECTORY SOURCES a.cpp... DEPENDS core...)
 #
 # A library of the sources in one folder. Its headers are included as "FOLDER/Name.h", and only by
@@ -42,6 +49,7 @@ function(quorvel_library name)
     file(MAKE_DIRECTORY ${view}/${parent})
     file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER} SYMBOLIC)
     add_library(${name} STATIC ${ARG_SOURCES})
+    target_precompile_headers(${name} REUSE_FROM standard_once)
     target_include_directories(${name} PUBLIC ${view})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE quorvel_options)
     if(TARGET standard_once)

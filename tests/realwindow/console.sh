@@ -8,7 +8,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tests/realwindow/checks.sh
 . "$root/tests/realwindow/checks.sh"
 
-readonly native=$root/build/native/qrv
+readonly native=$root/build/sanitized/qrv
 
 # The companion, in the folder that holds the class folder.
 companion() {

@@ -39,8 +39,8 @@ HWND openWindow(Driver& driver) {
 
 /// Nothing but its box closes a password window.
 void tryEscape(WindowDriver& driver) {
-    driver.storePassword("secret");
-    driver.start();
+    driver.set(StorePassword{"secret"});
+    driver.act(Start{});
     HWND window = openWindow(driver);
     for (const UINT message : {WM_KEYDOWN, WM_KEYUP})
         PostMessageW(GetDlgItem(window, quorvel::control_id::txtPW), message, VK_ESCAPE, 1);
@@ -70,7 +70,7 @@ void tryLongWord(WindowDriver& driver) {
     User user(driver);
     user.choose("mnuAddS", {typed(std::string(quorvel::longestTextAnswer, 'W')), typed("Wanda")});
     user.choose("mnuAddA", {typed("Quiz"), typed("20")});
-    driver.chooseMenu("mnuInputA");
+    driver.act(ChooseMenu{"mnuInputA"});
     user.answer(typed("1"));
     HWND window = openWindow(driver);
     RECT place{};
@@ -122,7 +122,7 @@ class CursorWatch {
 /// program has locked, which takes about a second.
 bool showsItWaits(WindowDriver& driver) {
     constexpr std::ptrdiff_t looks = 10;
-    driver.chooseMenu("mnuOpen");
+    driver.act(ChooseMenu{"mnuOpen"});
     User user(driver);
     user.answer(typed("Grades\\class.qrv"));
     CursorWatch watch;
@@ -134,7 +134,7 @@ bool showsItWaits(WindowDriver& driver) {
 
 void tryWaitCursor(WindowDriver& driver, const std::filesystem::path& sheet) {
     std::filesystem::copy_file(sheet, driver.resolve("Grades\\class.qrv"));
-    driver.openElsewhere("Grades\\class.qrv", FileSharing::Nothing);
+    driver.set(OpenElsewhere{"Grades\\class.qrv", FileSharing::Nothing});
     // What a busy machine keeps this process from seeing, it sees the next time.
     constexpr int tries = 5;
     bool shown = false;

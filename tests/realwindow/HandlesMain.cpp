@@ -22,7 +22,7 @@ constexpr const char* place = "Grades\\class.qrv";
 
 /// Names become aliases, aliases names: everything that the window shows is built anew.
 void refresh(User& user) {
-    user.clickControl("lblStudent");
+    user.act(ClickControl{"lblStudent"});
 }
 
 void makeNew(User& user) {

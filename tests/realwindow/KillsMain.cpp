@@ -78,7 +78,7 @@ class Kills {
     void killOnce() {
         const std::string before = bytesOf(file_);
         openChanged(driver_, before == first_ ? "Second" : "First");
-        driver_.chooseMenu("mnuSave");
+        driver_.act(ChooseMenu{"mnuSave"});
         Sleep(std::uniform_int_distribution<DWORD>(0, longestDelay_)(random_));
         kill(driver_);
 

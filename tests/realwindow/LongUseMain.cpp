@@ -54,13 +54,13 @@ class Teacher {
 
     /// A score of its own into the first cell.
     void enterScore() {
-        user_.click(160, 20);
+        user_.act(ClickPoint{160, 20});
         user_.enter(std::to_string(used_ % 20));
     }
 
     /// The sheet goes on as a new one, which asks for its place.
     void makeNew() {
-        driver_.chooseMenu("mnuNew");
+        driver_.act(ChooseMenu{"mnuNew"});
         user_.answer(pressed(Answer::Yes));
         if (driver_.openDialog()) user_.answer(pressed(Answer::No));
         user_.finish();
@@ -68,10 +68,10 @@ class Teacher {
     }
 
   private:
-    void showAliases() { user_.clickControl("lblStudent"); }
-    void showRanks() { user_.clickControl("lblSN"); }
+    void showAliases() { user_.act(ClickControl{"lblStudent"}); }
+    void showRanks() { user_.act(ClickControl{"lblSN"}); }
     void scroll() {
-        for (const int position : {2, 5, 1}) user_.scroll("vsbS", position);
+        for (const int position : {2, 5, 1}) user_.act(MoveScrollBar{"vsbS", position});
     }
     void editStudent() {
         user_.choose("mnuEditS", {typed("1"), typed("Aaron, Ann"), typed("Ann")});

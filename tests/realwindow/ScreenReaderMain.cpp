@@ -136,7 +136,7 @@ void readTheWindow(User& user) {
     checkNumber("a cell's top edge", reader.place(1).top, corner.y);
     checkNumber("the cell under a place on the screen", reader.at(corner.x + 5, corner.y + 20), 6);
 
-    user.clickControl("lblStudent");
+    user.act(ClickControl{"lblStudent"});
     checkText("an alias hides the name", reader.name(1), "Sofi, Quiz 1: 18 of 20");
     const Reader names(GetDlgItem(window, quorvel::control_id::txtS));
     checkText("the names are known by their heading", names.name(CHILDID_SELF), "Student Alias");

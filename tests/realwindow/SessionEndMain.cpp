@@ -97,7 +97,7 @@ void tryVeto(WindowDriver& driver) {
 /// The same in the middle of a prompt sequence.
 void tryVetoInASequence(WindowDriver& driver) {
     User user(driver);
-    driver.chooseMenu("mnuInputA");
+    driver.act(ChooseMenu{"mnuInputA"});
     user.answer(typed("1"));
     user.answer(typed("17"));
     if (!driver.openDialog()) throw ScenarioError("the second student is not asked for");

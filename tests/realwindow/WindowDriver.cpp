@@ -41,30 +41,43 @@ std::filesystem::path WindowDriver::resolve(std::string_view path) const {
     return folder_.path() / wide(text);
 }
 
-bool WindowDriver::setScreen(ScreenSize size) {
-    return size == bench_.screen();
+bool WindowDriver::set(const Setting& setting) {
+    return std::visit(
+        ForEachKind{
+            [&](const SetScreen& screen) { return screen.size == bench_.screen(); },
+            [&](const SetPrinter& printer) { return printer.state == bench_.printer(); },
+            [](const SetDisk&) { return false; },
+            [](const PlaceFile&) { return true; },
+            [&](const StorePassword& stored) {
+                folder_.storePassword(stored.password);
+                return true;
+            },
+            [&](const OpenElsewhere& file) {
+                heldFiles_.open(resolve(file.path), file.sharing);
+                return true;
+            },
+            [&](const CloseElsewhere& file) {
+                heldFiles_.close(resolve(file.path));
+                return true;
+            },
+        },
+        setting);
 }
 
-bool WindowDriver::storePassword(std::string_view password) {
-    folder_.storePassword(password);
-    return true;
-}
-
-bool WindowDriver::setPrinter(PrinterState state) {
-    return state == bench_.printer();
-}
-
-bool WindowDriver::setDiskFull(bool) {
-    return false;
-}
-
-bool WindowDriver::openElsewhere(std::string_view path, FileSharing sharing) {
-    heldFiles_.open(resolve(path), sharing);
-    return true;
-}
-
-bool WindowDriver::closeElsewhere(std::string_view path) {
-    heldFiles_.close(resolve(path));
+bool WindowDriver::act(const Action& action) {
+    if (const auto* place = std::get_if<ClickPoint>(&action)) return click(*place);
+    std::visit(ForEachKind{
+                   [&](const Start&) { start(); },
+                   [&](const ChooseMenu& menu) { chooseMenu(menu.entry); },
+                   [](const ClickPoint&) {},
+                   [&](const ClickControl& clicked) { clickControl(clicked.control); },
+                   [&](const TypeText& typed) { type(typed.text); },
+                   [&](const PressKey& pressed) { pressKey(pressed.key); },
+                   [&](const MoveScrollBar& moved) { moveScrollBar(moved.bar, moved.position); },
+                   [&](const CloseWindow&) { closeWindow(); },
+                   [&](const EndSession&) { endSession(); },
+               },
+               action);
     return true;
 }
 
@@ -96,22 +109,20 @@ void WindowDriver::beginAction() {
     mark_.forget();
 }
 
-bool WindowDriver::start() {
+void WindowDriver::start() {
     if (program_ && !program_->hasEnded()) throw ScenarioError("the program is running already");
     beginAction();
     answered_.reset();
     program_ = std::make_unique<RunningProgram>(folder_.path());
-    return true;
 }
 
-bool WindowDriver::chooseMenu(std::string_view entry) {
+void WindowDriver::chooseMenu(std::string_view entry) {
     const int index = menuItemIndex(entry);
     if (index < 0) throw ScenarioError("there is no menu entry " + std::string(entry));
     HWND window = mainWindow();
     if (!visible(entry).value_or(true)) throw ScenarioError("the menu entry is hidden");
     beginAction();
     PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(control_id::firstMenuCommand + index), 0);
-    return true;
 }
 
 /// A click reaches what stands at the place, as one with a mouse does.
@@ -131,16 +142,16 @@ void WindowDriver::clickAt(HWND window, int x, int y) {
     PostMessageW(target, WM_LBUTTONUP, 0, place);
 }
 
-bool WindowDriver::click(double x, double y) {
+bool WindowDriver::click(const ClickPoint& place) {
     // A mouse knows whole pixels only.
-    if (x != std::floor(x) || y != std::floor(y)) return false;
+    if (place.x != std::floor(place.x) || place.y != std::floor(place.y)) return false;
     HWND window = mainWindow();
     beginAction();
-    clickAt(window, static_cast<int>(x), static_cast<int>(y));
+    clickAt(window, static_cast<int>(place.x), static_cast<int>(place.y));
     return true;
 }
 
-bool WindowDriver::clickControl(std::string_view name) {
+void WindowDriver::clickControl(std::string_view name) {
     HWND window = mainWindow();
     const RECT area = clientAreaOf(control(name));
     if (controlId(name) == control_id::hsbA || controlId(name) == control_id::vsbA ||
@@ -148,18 +159,16 @@ bool WindowDriver::clickControl(std::string_view name) {
         throw ScenarioError("a scroll bar is moved with scroll");
     beginAction();
     clickAt(window, (area.left + area.right) / 2, (area.top + area.bottom) / 2);
-    return true;
 }
 
-bool WindowDriver::type(std::string_view text) {
+void WindowDriver::type(std::string_view text) {
     HWND editor = control("txtEnter");
     if (program_->focusedWindow() != editor) throw ScenarioError("no editor has the focus");
     beginAction();
     typeInto(editor, text);
-    return true;
 }
 
-bool WindowDriver::pressKey(std::string_view key) {
+void WindowDriver::pressKey(std::string_view key) {
     HWND focused = program_ ? program_->focusedWindow() : nullptr;
     HWND window = focused != nullptr ? focused : mainWindow();
     beginAction();
@@ -171,10 +180,9 @@ bool WindowDriver::pressKey(std::string_view key) {
         pressKeyIn(window, VK_TAB);
     else
         typeInto(window, key);
-    return true;
 }
 
-bool WindowDriver::moveScrollBar(std::string_view bar, int position) {
+void WindowDriver::moveScrollBar(std::string_view bar, int position) {
     const auto state = scrollBar(bar);
     HWND window = mainWindow();
     HWND scrolled = control(bar);
@@ -199,22 +207,19 @@ bool WindowDriver::moveScrollBar(std::string_view bar, int position) {
         notify(SB_THUMBPOSITION, reached);
     }
     notify(SB_ENDSCROLL, 0);
-    return true;
 }
 
-bool WindowDriver::closeWindow() {
+void WindowDriver::closeWindow() {
     HWND window = mainWindow();
     beginAction();
     PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
-    return true;
 }
 
-bool WindowDriver::endSession() {
+void WindowDriver::endSession() {
     HWND window = mainWindow();
     beginAction();
     sessionEnds_ = true;
     PostMessageW(window, WM_QUERYENDSESSION, 0, 0);
-    return true;
 }
 
 void WindowDriver::answer(const Reply& reply) {

@@ -29,22 +29,8 @@ class WindowDriver final : public Driver {
     std::string programFolderText() const override;
     std::filesystem::path resolve(std::string_view path) const override;
 
-    bool setScreen(ScreenSize size) override;
-    bool storePassword(std::string_view password) override;
-    bool setPrinter(PrinterState state) override;
-    bool setDiskFull(bool full) override;
-    bool openElsewhere(std::string_view path, FileSharing sharing) override;
-    bool closeElsewhere(std::string_view path) override;
-
-    bool start() override;
-    bool chooseMenu(std::string_view entry) override;
-    bool click(double x, double y) override;
-    bool clickControl(std::string_view name) override;
-    bool type(std::string_view text) override;
-    bool pressKey(std::string_view key) override;
-    bool moveScrollBar(std::string_view bar, int position) override;
-    bool closeWindow() override;
-    bool endSession() override;
+    bool set(const Setting& setting) override;
+    bool act(const Action& action) override;
 
     std::optional<Dialog> openDialog() override;
     void answer(const Reply& reply) override;
@@ -78,6 +64,17 @@ class WindowDriver final : public Driver {
     /// The main window, when the program runs and shows it; throws ScenarioError where it does not.
     HWND mainWindow() const;
     HWND control(std::string_view name) const;
+    // What the user does; nothing is waited for.
+    void start();
+    void chooseMenu(std::string_view entry);
+    bool click(const ClickPoint& place);
+    void clickControl(std::string_view name);
+    void type(std::string_view text);
+    void pressKey(std::string_view key);
+    void moveScrollBar(std::string_view bar, int position);
+    void closeWindow();
+    void endSession();
+
     /// What the user did begins to change what is on the screen.
     void beginAction();
     void clickAt(HWND window, int x, int y);

@@ -47,26 +47,13 @@ class Driver {
     /// Where a path that a scenario names lies: in the program's folder unless it is absolute.
     virtual std::filesystem::path resolve(std::string_view path) const = 0;
 
-    // What is set up around the program.
-    virtual bool setScreen(ScreenSize size) = 0;
-    virtual bool storePassword(std::string_view password) = 0;
-    virtual bool setPrinter(PrinterState state) = 0;
-    virtual bool setDiskFull(bool full) = 0;
-    /// Another program opens a file and keeps it open, and closes it.
-    virtual bool openElsewhere(std::string_view path, FileSharing sharing) = 0;
-    virtual bool closeElsewhere(std::string_view path) = 0;
+    /// Changes what is around the program. A file in its place is no driver's own: the runner puts
+    /// it there.
+    virtual bool set(const Setting& setting) = 0;
 
-    // What the user does. Each returns when the program has begun to carry it out; it may be
-    // waiting in a dialog then.
-    virtual bool start() = 0;
-    virtual bool chooseMenu(std::string_view entry) = 0;
-    virtual bool click(double x, double y) = 0;
-    virtual bool clickControl(std::string_view control) = 0;
-    virtual bool type(std::string_view text) = 0;
-    virtual bool pressKey(std::string_view key) = 0;
-    virtual bool moveScrollBar(std::string_view bar, int position) = 0;
-    virtual bool closeWindow() = 0;
-    virtual bool endSession() = 0;
+    /// Does what the user does. Returns when the program has begun to carry it out; it may be
+    /// waiting in a dialog then.
+    virtual bool act(const Action& action) = 0;
 
     /// Waits until the program has opened a dialog or has finished the action (or ended), and says
     /// which dialog is open. Asked again before it was answered, the same one is.

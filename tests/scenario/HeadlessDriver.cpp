@@ -9,9 +9,7 @@
 
 #include "core/Paths.h"
 #include "tests/scenario/FormEvents.h"
-#include "tests/scenario/HeadlessControls.h"
 #include "tests/scenario/Texts.h"
-#include "window/Menu.h"
 
 namespace quorvel::scenario {
 
@@ -33,6 +31,18 @@ std::string passwordFileContent(std::string_view password) {
     content += password;
     content.resize(std::max(content.size(), recordLength), 0);
     return content;
+}
+
+FakePrinter::State fakeState(PrinterState state) {
+    switch (state) {
+        case PrinterState::Ready:
+            return FakePrinter::State::Ready;
+        case PrinterState::None:
+            return FakePrinter::State::None;
+        case PrinterState::Fails:
+            return FakePrinter::State::Fails;
+    }
+    return FakePrinter::State::Ready;
 }
 
 bool hasDrive(std::string_view path) {
@@ -67,40 +77,34 @@ std::filesystem::path HeadlessDriver::resolve(std::string_view path) const {
     return folder_.path() / std::filesystem::path(text);
 }
 
-bool HeadlessDriver::setScreen(ScreenSize size) {
-    shell_.screen = size;
+bool HeadlessDriver::set(const Setting& setting) {
+    std::visit(ForEachKind{
+                   [&](const SetScreen& screen) { shell_.screen = screen.size; },
+                   [&](const StorePassword& stored) { storePassword(stored.password); },
+                   [&](const PlaceFile&) {},
+                   [&](const SetPrinter& printer) { printer_.state = fakeState(printer.state); },
+                   [&](const SetDisk& disk) { files_.full = disk.full; },
+                   [&](const OpenElsewhere& file) { openElsewhere(file); },
+                   [&](const CloseElsewhere& file) { closeElsewhere(file); },
+               },
+               setting);
     return true;
 }
 
-bool HeadlessDriver::storePassword(std::string_view password) {
+void HeadlessDriver::storePassword(std::string_view password) {
     std::ofstream(resolve(passwordFile), std::ios::binary) << passwordFileContent(password);
-    return true;
 }
 
-bool HeadlessDriver::setPrinter(PrinterState state) {
-    printer_.state = state == PrinterState::Ready  ? FakePrinter::State::Ready
-                     : state == PrinterState::None ? FakePrinter::State::None
-                                                   : FakePrinter::State::Fails;
-    return true;
-}
-
-bool HeadlessDriver::setDiskFull(bool full) {
-    files_.full = full;
-    return true;
-}
-
-bool HeadlessDriver::openElsewhere(std::string_view path, FileSharing sharing) {
-    const std::filesystem::path file = resolve(path);
+void HeadlessDriver::openElsewhere(const OpenElsewhere& opened) {
+    const std::filesystem::path file = resolve(opened.path);
     if (!disk_.exists(file)) throw ScenarioError("there is no such file");
-    (sharing == FileSharing::Contents ? files_.held : files_.locked).insert(file);
-    return true;
+    (opened.sharing == FileSharing::Contents ? files_.held : files_.locked).insert(file);
 }
 
-bool HeadlessDriver::closeElsewhere(std::string_view path) {
-    const std::filesystem::path file = resolve(path);
+void HeadlessDriver::closeElsewhere(const CloseElsewhere& closed) {
+    const std::filesystem::path file = resolve(closed.path);
     if (files_.held.erase(file) + files_.locked.erase(file) == 0)
         throw ScenarioError("no program has the file open");
-    return true;
 }
 
 frmQRV& HeadlessDriver::program() {
@@ -110,13 +114,17 @@ frmQRV& HeadlessDriver::program() {
     return *program_;
 }
 
-bool HeadlessDriver::act(FormEvent action) {
-    frmQRV& form = program();
-    conversation_.begin([&form, action = std::move(action)] { action(form); });
+bool HeadlessDriver::act(const Action& action) {
+    if (std::holds_alternative<Start>(action)) {
+        start();
+    } else {
+        frmQRV& form = program();
+        conversation_.begin([&form, event = eventOf(action, form)] { event(form); });
+    }
     return true;
 }
 
-bool HeadlessDriver::start() {
+void HeadlessDriver::start() {
     if (program_ != nullptr && !program_->hasEnded())
         throw ScenarioError("the program is running already");
     files_.copies.clear();
@@ -129,43 +137,6 @@ bool HeadlessDriver::start() {
                         .temporary = std::filesystem::temp_directory_path()};
     program_ = std::make_unique<frmQRV>(ports, places, codePage());
     conversation_.begin([this] { program_->start(); });
-    return true;
-}
-
-bool HeadlessDriver::chooseMenu(std::string_view entry) {
-    const auto shown = menuEntryNamed(program(), entry);
-    if (!shown) throw ScenarioError("there is no menu entry " + std::string(entry));
-    if (!shown->visible) throw ScenarioError("the menu entry is hidden");
-    const int item = menuItemIndex(entry);
-    return act([item](frmQRV& form) { form.chooseMenu(item); });
-}
-
-bool HeadlessDriver::click(double x, double y) {
-    return act(clickAt(program(), x, y));
-}
-
-bool HeadlessDriver::clickControl(std::string_view control) {
-    return act(clickOn(program(), control));
-}
-
-bool HeadlessDriver::type(std::string_view text) {
-    return act(textTyped(program(), text));
-}
-
-bool HeadlessDriver::pressKey(std::string_view key) {
-    return act(keyPressed(program(), key));
-}
-
-bool HeadlessDriver::moveScrollBar(std::string_view bar, int position) {
-    return act(barMoved(bar, position));
-}
-
-bool HeadlessDriver::closeWindow() {
-    return act([](frmQRV& form) { form.closeBox(); });
-}
-
-bool HeadlessDriver::endSession() {
-    return act(sessionEnding());
 }
 
 std::optional<Dialog> HeadlessDriver::openDialog() {

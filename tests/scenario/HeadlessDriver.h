@@ -37,22 +37,8 @@ class HeadlessDriver : public Driver {
     std::string programFolderText() const override;
     std::filesystem::path resolve(std::string_view path) const override;
 
-    bool setScreen(ScreenSize size) override;
-    bool storePassword(std::string_view password) override;
-    bool setPrinter(PrinterState state) override;
-    bool setDiskFull(bool full) override;
-    bool openElsewhere(std::string_view path, FileSharing sharing) override;
-    bool closeElsewhere(std::string_view path) override;
-
-    bool start() override;
-    bool chooseMenu(std::string_view entry) override;
-    bool click(double x, double y) override;
-    bool clickControl(std::string_view control) override;
-    bool type(std::string_view text) override;
-    bool pressKey(std::string_view key) override;
-    bool moveScrollBar(std::string_view bar, int position) override;
-    bool closeWindow() override;
-    bool endSession() override;
+    bool set(const Setting& setting) override;
+    bool act(const Action& action) override;
 
     std::optional<Dialog> openDialog() override;
     void answer(const Reply& reply) override;
@@ -82,8 +68,10 @@ class HeadlessDriver : public Driver {
   private:
     /// The program where it runs and shows its window; throws ScenarioError where it does not.
     frmQRV& program();
-    /// Carries out what the user does on the program's own thread.
-    bool act(FormEvent action);
+    void start();
+    void storePassword(std::string_view password);
+    void openElsewhere(const OpenElsewhere& file);
+    void closeElsewhere(const CloseElsewhere& file);
 
     TemporaryFolder folder_;
     TemporaryFolder user_;

@@ -36,8 +36,11 @@ class Run {
     /// Each returns false where the step cannot be done here.
     bool carryOut(const SettingStep& step) {
         try {
-            return std::visit([this](const auto& setting) { return perform(setting); },
-                              step.setting);
+            if (const auto* file = std::get_if<PlaceFile>(&step.setting)) {
+                place(*file);
+                return true;
+            }
+            return driver_.set(step.setting);
         } catch (const ScenarioError& error) {
             end(step.line, step.source, error.what());
         }
@@ -47,8 +50,7 @@ class Run {
         int line = step.line;
         std::string source = step.source;
         try {
-            if (!std::visit([this](const auto& action) { return perform(action); }, step.action))
-                return false;
+            if (!driver_.act(expanded(step.action))) return false;
             for (const FollowUp& followUp : step.followUps) {
                 line = followUp.line;
                 source = followUp.source;
@@ -115,37 +117,20 @@ class Run {
         return dialog;
     }
 
-    bool perform(const SetScreen& setting) { return driver_.setScreen(setting.size); }
-    bool perform(const StorePassword& setting) { return driver_.storePassword(setting.password); }
-    bool perform(const SetPrinter& setting) { return driver_.setPrinter(setting.state); }
-    bool perform(const SetDisk& setting) { return driver_.setDiskFull(setting.full); }
-    bool perform(const OpenElsewhere& setting) {
-        return driver_.openElsewhere(setting.path, setting.sharing);
+    Action expanded(Action action) const {
+        if (auto* typed = std::get_if<TypeText>(&action))
+            typed->text = scenario::expanded(typed->text, programFolder_);
+        return action;
     }
-    bool perform(const CloseElsewhere& setting) { return driver_.closeElsewhere(setting.path); }
-    bool perform(const PlaceFile& setting) {
-        const auto target = driver_.resolve(setting.path);
+
+    void place(const PlaceFile& file) const {
+        const auto target = driver_.resolve(file.path);
         std::error_code error;
         std::filesystem::create_directories(target.parent_path(), error);
         const auto replace = std::filesystem::copy_options::overwrite_existing;
-        if (!std::filesystem::copy_file(folder_ / setting.fixture, target, replace, error))
-            throw ScenarioError("cannot copy " + setting.fixture + ": " + error.message());
-        return true;
+        if (!std::filesystem::copy_file(folder_ / file.fixture, target, replace, error))
+            throw ScenarioError("cannot copy " + file.fixture + ": " + error.message());
     }
-
-    bool perform(const Start&) { return driver_.start(); }
-    bool perform(const ChooseMenu& action) { return driver_.chooseMenu(action.entry); }
-    bool perform(const ClickPoint& action) { return driver_.click(action.x, action.y); }
-    bool perform(const ClickControl& action) { return driver_.clickControl(action.control); }
-    bool perform(const TypeText& action) {
-        return driver_.type(scenario::expanded(action.text, programFolder_));
-    }
-    bool perform(const PressKey& action) { return driver_.pressKey(action.key); }
-    bool perform(const MoveScrollBar& action) {
-        return driver_.moveScrollBar(action.bar, action.position);
-    }
-    bool perform(const CloseWindow&) { return driver_.closeWindow(); }
-    bool perform(const EndSession&) { return driver_.endSession(); }
 
     Driver& driver_;
     const std::filesystem::path& folder_;

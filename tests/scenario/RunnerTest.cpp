@@ -195,7 +195,9 @@ class DriverFromOutside final : public HeadlessDriver {
   public:
     const GradeSheet* sheet() override { return nullptr; }
     const WorkingState* state() override { return nullptr; }
-    bool setDiskFull(bool) override { return false; }
+    bool set(const Setting& setting) override {
+        return !std::holds_alternative<SetDisk>(setting) && HeadlessDriver::set(setting);
+    }
 };
 
 TEST(Runner, WhatCannotBeSeenIsCountedAndNotFailed) {

@@ -34,6 +34,14 @@ class SyntaxError : public ScenarioError {
     int line_;
 };
 
+/// One function out of one for each kind, for std::visit.
+template <typename... Functions>
+struct ForEachKind : Functions... {
+    using Functions::operator()...;
+};
+template <typename... Functions>
+ForEachKind(Functions...) -> ForEachKind<Functions...>;
+
 // What is set up around the program.
 
 /// The screen of a scenario that names none.

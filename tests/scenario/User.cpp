@@ -20,37 +20,24 @@ Reply cancelled() {
     return reply;
 }
 
-void User::start() {
-    driver_.start();
+void User::act(const Action& action) {
+    driver_.act(action);
     finish();
 }
 
+void User::start() {
+    act(Start{});
+}
+
 void User::choose(std::string_view entry, const std::vector<Reply>& replies) {
-    driver_.chooseMenu(entry);
+    driver_.act(ChooseMenu{std::string(entry)});
     for (const Reply& reply : replies) answer(reply);
     finish();
 }
 
-void User::click(double x, double y) {
-    driver_.click(x, y);
-    finish();
-}
-
-void User::clickControl(std::string_view control) {
-    driver_.clickControl(control);
-    finish();
-}
-
-void User::scroll(std::string_view bar, int position) {
-    driver_.moveScrollBar(bar, position);
-    finish();
-}
-
 void User::enter(std::string_view text) {
-    driver_.type(text);
-    finish();
-    driver_.pressKey("Enter");
-    finish();
+    act(TypeText{std::string(text)});
+    act(PressKey{"Enter"});
 }
 
 Dialog User::answer(const Reply& reply) {

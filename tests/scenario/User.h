@@ -18,11 +18,10 @@ class User {
     /// The driver must outlive the user.
     explicit User(Driver& driver) : driver_(driver) {}
 
+    /// What opens no dialog.
+    void act(const Action& action);
     void start();
     void choose(std::string_view entry, const std::vector<Reply>& replies = {});
-    void click(double x, double y);
-    void clickControl(std::string_view control);
-    void scroll(std::string_view bar, int position);
     /// Into the editor that has the focus, and Enter behind it.
     void enter(std::string_view text);
 

@@ -119,6 +119,10 @@ void Walk::start() {
     form_->start();
 }
 
+void Walk::act(const scenario::Action& action) {
+    scenario::eventOf(action, *form_)(*form_);
+}
+
 void Walk::step() {
     if (isTyping() && random_.chance(60)) {
         if (random_.chance(60)) return typeSomething();
@@ -154,7 +158,7 @@ void Walk::chooseMenu(std::string_view name) {
     log_.line("menu " + std::string(name));
     dialogs_.fileWasChosen = false;
     printer_.jobs.clear();
-    form_->chooseMenu(menuItemIndex(name));
+    act(scenario::ChooseMenu{std::string(name)});
     if (!form_->hasEnded()) checkAfter(name);
 }
 
@@ -172,26 +176,26 @@ void Walk::clickSomewhere() {
 
 void Walk::clickCanvas(double x, double y) {
     log_.line("click " + decimalText(x) + " " + decimalText(y));
-    scenario::clickAt(*form_, x, y)(*form_);
+    act(scenario::ClickPoint{x, y});
 }
 
 void Walk::clickHeading() {
     const std::string_view heading = random_.chance(50) ? "lblStudent" : "lblSN";
     log_.line("click " + std::string(heading));
-    scenario::clickOn(*form_, heading)(*form_);
+    act(scenario::ClickControl{std::string(heading)});
 }
 
 void Walk::typeSomething() {
     const std::string typed = random_.chance(85) ? dialogs_.typedNumber() : dialogs_.typedText();
     log_.line("type " + inQuotes(typed));
-    scenario::textTyped(*form_, typed)(*form_);
+    act(scenario::TypeText{typed});
 }
 
 void Walk::pressSomeKey() {
     constexpr std::array<std::string_view, 3> keys{"Enter", "Tab", "Escape"};
     const std::string_view key = random_.chance(60) ? keys[0] : random_.oneOf(keys);
     log_.line("key " + std::string(key));
-    scenario::keyPressed(*form_, key)(*form_);
+    act(scenario::PressKey{std::string(key)});
 }
 
 void Walk::moveSomeBar() {
@@ -200,16 +204,16 @@ void Walk::moveSomeBar() {
     const ScrollBar& bar = form_->controls().*scenario::scrollBarNamed(name);
     const int position = random_.between(bar.minimum(), bar.maximum());
     log_.line("scroll " + std::string(name) + " " + std::to_string(position));
-    scenario::barMoved(name, position)(*form_);
+    act(scenario::MoveScrollBar{std::string(name), position});
 }
 
 void Walk::closeTheWindow() {
     if (random_.chance(50)) {
         log_.line("close");
-        form_->closeBox();
+        act(scenario::CloseWindow{});
     } else {
         log_.line("session ends");
-        scenario::sessionEnding()(*form_);
+        act(scenario::EndSession{});
     }
     // On a full disk the user may go back to a sheet that nothing took.
     if (!form_->hasEnded() && !files_.full)

@@ -9,6 +9,7 @@
 #include "tests/fakes/FakeShell.h"
 #include "tests/fakes/FaultyFiles.h"
 #include "tests/fakes/MemoryFiles.h"
+#include "tests/scenario/Scenario.h"
 #include "tests/walk/GlyphRecord.h"
 #include "tests/walk/RandomDialogs.h"
 #include "window/frmQRV.h"
@@ -32,6 +33,7 @@ class Walk {
     void start();
 
     // What the user does.
+    void act(const scenario::Action& action);
     void step();
     void chooseMenu(std::string_view name);
     void chooseRandomMenu();

@@ -12,14 +12,6 @@ endif()
 if(QUORVEL_FUZZ)
     # What tells a fuzzer where its bytes have led.
     target_compile_options(quorvel_options INTERFACE -fsanitize=fuzzer-no-link)
-    # clang spends most of its time on the standard library; the other builds tell whether a source
-    # names all the headers that it needs.
-    file(WRITE ${CMAKE_BINARY_DIR}/standard_once.cpp "")
-    add_library(standard_once OBJECT ${CMAKE_BINARY_DIR}/standard_once.cpp)
-    target_precompile_headers(standard_once PRIVATE
-        <algorithm> <filesystem> <functional> <map> <memory> <optional> <random> <set> <span>
-        <sstream> <string> <variant> <vector>)
-    target_link_libraries(standard_once PRIVATE quorvel_options)
 endif()
 if(WIN32)
     target_compile_definitions(quorvel_options INTERFACE
@@ -30,11 +22,13 @@ if(WIN32)
         -Wl,--no-insert-timestamp -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 endif()
 
-# Nearly every source reads these headers, which takes longer than what it has to say; they are compiled once.
+# What nearly every source reads takes longer than what it has to say, so it is compiled once. Whether a
+# source names all the headers that it needs is told where clang-tidy reads them.
 file(WRITE ${CMAKE_BINARY_DIR}/standard_once.cpp "")
 add_library(standard_once OBJECT ${CMAKE_BINARY_DIR}/standard_once.cpp)
 target_precompile_headers(standard_once PRIVATE
-    <algorithm> <filesystem> <functional> <map> <memory> <optional> <string> <variant> <vector>)
+    <algorithm> <filesystem> <functional> <map> <memory> <optional> <random> <set> <span> <sstream>
+    <string> <variant> <vector>)
 target_link_libraries(standard_once PRIVATE quorvel_options)
 
 # quorvel_library(NAME FOLDER DIRECTORY SOURCES a.cpp... DEPENDS core...)
@@ -49,10 +43,10 @@ function(quorvel_library name)
     file(MAKE_DIRECTORY ${view}/${parent})
     file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${ARG_FOLDER} ${view}/${ARG_FOLDER} SYMBOLIC)
     add_library(${name} STATIC ${ARG_SOURCES})
-    target_precompile_headers(${name} REUSE_FROM standard_once)
     target_include_directories(${name} PUBLIC ${view})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE quorvel_options)
-    if(TARGET standard_once)
+    get_directory_property(options COMPILE_OPTIONS)
+    if(NOT options)  # compiled otherwise, it would be of no use
         target_precompile_headers(${name} REUSE_FROM standard_once)
     endif()
     set_target_properties(${name} PROPERTIES

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "core/WorkingState.h"
 #include "storage/RecordFile.h"
 #include "storage/SheetFile.h"
 #include "tests/fakes/MemoryFiles.h"

@@ -119,13 +119,15 @@ class ChangingFiles final : public Files {
       private:
         std::optional<std::size_t> readSome(std::span<std::byte> target) override {
             const std::size_t left = now_->size() - std::min(now_->size(), position_);
-            const std::size_t count = std::min(target.size(), left);
+            const std::size_t count = std::min({target.size(), left, bytesAtATime});
             std::copy_n(now_->begin() + static_cast<std::ptrdiff_t>(left == 0 ? 0 : position_),
                         count, target.begin());
             position_ += count;
             now_ = &after_;
             return count;
         }
+
+        static constexpr std::size_t bytesAtATime = 10'000;
 
         const Bytes* now_;
         const Bytes& after_;

@@ -79,15 +79,15 @@ Html spreadPicture(const AssignmentEntry& assignment, const PercentAxis& axis, c
     Html picture;
     picture.add("<svg class=\"spread\"", namedPicture(texts), gridLines(axis));
     picture.add("<line class=\"range\" x1=\"", widthPlace(axis.place(spread.lowest)), "\" x2=\"",
-                widthPlace(axis.place(spread.highest)), "\" y1=\"17\" y2=\"17\"/>");
+                widthPlace(axis.place(spread.highest)), "\" y1=\"50%\" y2=\"50%\"/>");
     picture.add("<rect class=\"half\" x=\"", widthPlace(left), "\" width=\"",
-                widthPlace(right - left), "\" y=\"11\" height=\"12\"/>");
+                widthPlace(right - left), "\" y=\"33%\" height=\"34%\"/>");
     picture.add("<line class=\"middle\" x1=\"", middle, "\" x2=\"", middle,
-                "\" y1=\"8\" y2=\"26\"/>");
+                "\" y1=\"23%\" y2=\"77%\"/>");
     if (assignment.averagePercentage) {
         picture.add("<circle class=\"ring\" cx=\"",
                     widthPlace(axis.place(*assignment.averagePercentage)),
-                    "\" cy=\"17\" r=\"3.5\"/>");
+                    "\" cy=\"50%\" r=\"3.5\"/>");
     }
     return picture.add("</svg>");
 }

@@ -15,6 +15,7 @@ from pathlib import Path
 
 STUDENTS = 120
 ASSIGNMENTS = 40
+KILLS_BETWEEN_LINES = 1000
 
 
 def csv(students, points):
@@ -83,11 +84,18 @@ class Kills:
 
     def run(self, count):
         (self.folder / "old.qrv").write_bytes(self.old)
-        for _ in range(count):
+        for number in range(1, count + 1):
             self.kill_once()
+            if number % KILLS_BETWEEN_LINES == 0:
+                self.tell()
+        self.tell()
+
+    def tell(self):
+        """So far, so that a run which is broken off has told something, too."""
         print(
             f"{self.kept} old, {self.replaced} new, none broken; "
-            f"{self.left_beside} left a file beside it, all gone with the next save"
+            f"{self.left_beside} left a file beside it, all gone with the next save",
+            flush=True,
         )
 
 

@@ -121,7 +121,7 @@ class CursorWatch {
 /// Whether another cursor than that of the end is shown while a sheet is opened that another
 /// program has locked, which takes about a second.
 bool showsItWaits(WindowDriver& driver) {
-    constexpr std::ptrdiff_t looks = 10;
+    constexpr std::ptrdiff_t looks = 3;
     driver.act(ChooseMenu{"mnuOpen"});
     User user(driver);
     user.answer(typed("Grades\\class.qrv"));
@@ -136,7 +136,7 @@ void tryWaitCursor(WindowDriver& driver, const std::filesystem::path& sheet) {
     std::filesystem::copy_file(sheet, driver.resolve("Grades\\class.qrv"));
     driver.set(OpenElsewhere{"Grades\\class.qrv", FileSharing::Nothing});
     // What a busy machine keeps this process from seeing, it sees the next time.
-    constexpr int tries = 5;
+    constexpr int tries = 20;
     bool shown = false;
     for (int count = 0; count < tries && !shown; ++count) shown = showsItWaits(driver);
     check("the cursor says that something takes its time", shown);

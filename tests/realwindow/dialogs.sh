@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/bench.sh
 . "$root/tools/bench.sh"
 
-readonly seconds_at_most=120
+readonly seconds_at_most=300
 
 trap bench_close EXIT
 bench_open dialogs 640x480 none

@@ -92,6 +92,11 @@ std::size_t indexOf(int student) {
     return static_cast<std::size_t>(student) - 1;
 }
 
+/// 1 outside of the limits, else 0: numbers, since a loop over them has no branches.
+constexpr int outside(std::int32_t number, std::int32_t lowest, std::int32_t highest) {
+    return (number < lowest ? 1 : 0) | (number > highest ? 1 : 0);
+}
+
 }  // namespace
 
 TaggedView ScoreColumn::value(int student) const {
@@ -276,29 +281,29 @@ void ScoreColumn::addPoints(std::int16_t value, std::span<std::int32_t> earned,
         // The fractions are numbered so that this is 1 above one half, and at one half beside an
         // odd whole number: halves go to the even neighbour.
         const std::int32_t sum = whole + (((points & fractionMask) + (whole & 1) + 1) >> 2);
-        earned[i] = (sum < smallestSum) | (sum > largestSum) ? earned[i] : sum;
-        const bool isExcused = (points & excusedBit) != 0;
-        possible[i] += isExcused | (possible[i] < lowest) | (possible[i] > highest) ? 0 : value;
+        earned[i] = outside(sum, smallestSum, largestSum) != 0 ? earned[i] : sum;
+        const int isExcused = (points & excusedBit) != 0 ? 1 : 0;
+        possible[i] += (isExcused | outside(possible[i], lowest, highest)) != 0 ? 0 : value;
     }
     if (value == 0) return;
     for (std::size_t i = stored; i < possible.size(); ++i)
-        possible[i] += (possible[i] < lowest) | (possible[i] > highest) ? 0 : value;
+        possible[i] += outside(possible[i], lowest, highest) != 0 ? 0 : value;
 }
 
 ScoreColumn::NumericSum ScoreColumn::numericSum() const {
     NumericSum numeric{.sum = {}, .count = zeroCount_};
     std::int64_t wholeSum = 0;
-    bool hasOthers = false;
+    int others = 0;
     for (const PackedPoints points : points_) {
-        const bool counts = (points & (excusedBit | emptyBit)) == 0;
-        const bool isWhole = isExact(points);
-        numeric.count += counts ? 1 : 0;
-        wholeSum += counts & isWhole ? points >> wholeShift : 0;
-        hasOthers |= counts & !isWhole;
+        const int counts = (points & (excusedBit | emptyBit)) == 0 ? 1 : 0;
+        const int isWhole = isExact(points) ? 1 : 0;
+        numeric.count += counts;
+        wholeSum += (counts & isWhole) != 0 ? points >> wholeShift : 0;
+        others |= counts & ~isWhole;
     }
     numeric.sum = Decimal(wholeSum);
     // What does not count is a whole 0.
-    for (int student = 1; hasOthers && student <= storedCount(); ++student)
+    for (int student = 1; others != 0 && student <= storedCount(); ++student)
         if (!isExact(points_[indexOf(student)])) numeric.sum += readingOf(value(student));
     return numeric;
 }

@@ -108,6 +108,7 @@ Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
     const PercentAxis axis = axisOf(dots, limits);
     const DotSize size = dotSizeFor(dots.size());
     std::vector<std::int64_t> places;
+    places.reserve(dots.size());
     for (const StripDot& dot : dots) places.push_back(axis.place(dot.percentage));
     const std::vector<Dot> stacked = stackDots(places, size.width);
     const std::int64_t rows = std::max(1, rowCount(stacked));

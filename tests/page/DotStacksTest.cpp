@@ -26,8 +26,9 @@ TEST(DotStacks, KeepsThePlacesAndCountsTheRows) {
 }
 
 TEST(DotStacks, NoTwoDotsTouch) {
-    std::vector<std::int64_t> places;
-    for (int i = 0; i < 500; ++i) places.push_back(std::int64_t{i} * i * 31 % 997);
+    std::vector<std::int64_t> places(500);
+    for (int i = 0; i < 500; ++i)
+        places[static_cast<std::size_t>(i)] = std::int64_t{i} * i * 31 % 997;
     const std::vector<Dot> dots = stackDots(places, 7);
     ASSERT_EQ(dots.size(), places.size());
     for (const Dot& one : dots) {

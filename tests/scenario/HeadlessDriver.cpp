@@ -91,7 +91,7 @@ bool HeadlessDriver::set(const Setting& setting) {
     return true;
 }
 
-void HeadlessDriver::storePassword(std::string_view password) {
+void HeadlessDriver::storePassword(std::string_view password) const {
     std::ofstream(resolve(passwordFile), std::ios::binary) << passwordFileContent(password);
 }
 

@@ -69,9 +69,9 @@ class HeadlessDriver : public Driver {
     /// The program where it runs and shows its window; throws ScenarioError where it does not.
     frmQRV& program();
     void start();
-    void storePassword(std::string_view password);
-    void openElsewhere(const OpenElsewhere& file);
-    void closeElsewhere(const CloseElsewhere& file);
+    void storePassword(std::string_view password) const;
+    void openElsewhere(const OpenElsewhere& opened);
+    void closeElsewhere(const CloseElsewhere& closed);
 
     TemporaryFolder folder_;
     TemporaryFolder user_;

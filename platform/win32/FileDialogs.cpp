@@ -102,7 +102,7 @@ std::optional<std::filesystem::path> chooseFile(IFileDialog& dialog, HWND owner,
 /// then what was typed, unless there is such a file: nobody was asked about that one.
 std::filesystem::path asTyped(const std::filesystem::path& chosen,
                               const std::filesystem::path& typed) {
-    const std::filesystem::path plain = chosen.parent_path() / typed.filename();
+    std::filesystem::path plain = chosen.parent_path() / typed.filename();
     const bool wasAdded =
         typed.has_extension() && chosen.native() == plain.native() + L'.' + sheetEnding;
     if (!wasAdded || ::GetFileAttributesW(plain.c_str()) != INVALID_FILE_ATTRIBUTES) return chosen;

@@ -42,7 +42,7 @@ void tryEscape(WindowDriver& driver) {
     driver.set(StorePassword{"secret"});
     driver.act(Start{});
     HWND window = openWindow(driver);
-    for (const UINT message : {WM_KEYDOWN, WM_KEYUP})
+    for (const UINT message : {UINT{WM_KEYDOWN}, UINT{WM_KEYUP}})
         PostMessageW(GetDlgItem(window, quorvel::control_id::txtPW), message, VK_ESCAPE, 1);
     driver.forgetDialog();
     check("Escape leaves a password window open", driver.openDialog().has_value());

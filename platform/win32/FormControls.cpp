@@ -7,7 +7,6 @@
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/Texts.h"
 #include "window/GridTexts.h"
-#include "window/Scrolling.h"
 
 #include <commctrl.h>
 
@@ -65,19 +64,6 @@ constexpr std::array textPlans{
 bool isBesideTheRows(int id) {
     return id == control_id::txtSN || id == control_id::txtS;
 }
-
-struct BarPlan {
-    int id;
-    ScrollBar Controls::*bar;
-    Rectangle Layout::*place;
-    DWORD style;
-};
-
-constexpr std::array barPlans{
-    BarPlan{control_id::vsbS, &Controls::vsbS, &Layout::vsbS, SBS_VERT},
-    BarPlan{control_id::hsbA, &Controls::hsbA, &Layout::hsbA, SBS_HORZ},
-    BarPlan{control_id::vsbA, &Controls::vsbA, &Layout::vsbA, SBS_VERT},
-};
 
 /// Black or white, whichever can be read on the background.
 COLORREF textColourOn(Colour background) {
@@ -157,11 +143,6 @@ void FormControls::create(HWND parent) {
         ::SetWindowPos(texts_.back().control, ::GetDlgItem(parent, plan.heading), 0, 0, 0, 0,
                        SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
     }
-    for (const BarPlan& plan : barPlans)
-        bars_.push_back({createControl(parent, {.windowClass = L"SCROLLBAR",
-                                                .style = WS_VISIBLE | plan.style,
-                                                .id = plan.id}),
-                         plan.bar, 1});
 }
 
 void FormControls::place(const Layout& layout, RowBands rowBands) {
@@ -183,11 +164,6 @@ void FormControls::place(const Layout& layout, RowBands rowBands) {
     for (std::size_t i = 0; i < textPlans.size(); ++i) {
         fitFont(texts_[i].control, textPlans[i].id);
         placeTextBox(texts_[i], textPlans[i].id, layout.*textPlans[i].place, layout);
-    }
-    for (std::size_t i = 0; i < barPlans.size(); ++i) {
-        moveControl(bars_[i].control, layout.*barPlans[i].place);
-        bars_[i].page = pageOf(barPlans[i].bar, layout);
-        bars_[i].maximum = -1;
     }
 }
 
@@ -229,7 +205,6 @@ void FormControls::show(const Controls& controls) {
         if (target.box == &Controls::txtSN) indentRowNumbers(target.control, box.text);
         setWindowText(target.control, box.text, codePage_);
     }
-    for (BarControl& target : bars_) showBar(target, controls.*target.bar);
 }
 
 void FormControls::showLabel(LabelControl& target, const Label& label) {
@@ -237,53 +212,6 @@ void FormControls::showLabel(LabelControl& target, const Label& label) {
     if (label.caption != target.shown.caption)
         setWindowText(target.control, label.caption, codePage_);
     target.shown = label;
-}
-
-void FormControls::showBar(BarControl& target, const ScrollBar& bar) {
-    if (bar.minimum() == target.minimum && bar.maximum() == target.maximum &&
-        bar.position() == target.position)
-        return;
-    target.minimum = bar.minimum();
-    target.maximum = bar.maximum();
-    target.position = bar.position();
-    SCROLLINFO info{};
-    info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
-    info.nMin = target.minimum;
-    // Windows counts the page in: its front end stops at the last position.
-    info.nMax = target.maximum + target.page - 1;
-    info.nPage = static_cast<UINT>(target.page);
-    info.nPos = target.position;
-    ::SetScrollInfo(target.control, SB_CTL, &info, TRUE);
-}
-
-ScrollBar Controls::*FormControls::barOf(HWND control) const {
-    const auto found = std::ranges::find(bars_, control, &BarControl::control);
-    return found == bars_.end() ? nullptr : found->bar;
-}
-
-int FormControls::positionWanted(HWND control, WPARAM scrollMessage) const {
-    const auto bar = std::ranges::find(bars_, control, &BarControl::control);
-    switch (LOWORD(scrollMessage)) {
-        case SB_LINEUP:
-            return bar->position - 1;
-        case SB_LINEDOWN:
-            return bar->position + 1;
-        case SB_PAGEUP:
-            return bar->position - bar->page;
-        case SB_PAGEDOWN:
-            return bar->position + bar->page;
-        case SB_TOP:
-            return bar->minimum;
-        case SB_BOTTOM:
-            return bar->maximum;
-        case SB_THUMBTRACK:
-        case SB_THUMBPOSITION:
-            // 16 bits hold every number that a student or assignment can have.
-            return HIWORD(scrollMessage);
-        default:
-            return bar->position;
-    }
 }
 
 bool FormControls::standsOnRowBands(HWND control) const {

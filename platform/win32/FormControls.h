@@ -9,7 +9,7 @@
 
 namespace quorvel {
 
-/// The real labels, text boxes and scroll bars of the main window. They remember what they show,
+/// The real labels and text boxes of the main window. They remember what they show,
 /// so that only what differs is brought onto the screen.
 class FormControls {
   public:
@@ -22,11 +22,6 @@ class FormControls {
     /// the names, unless the user asked for other colours.
     void place(const Layout& layout, RowBands rowBands);
     void show(const Controls& controls);
-
-    /// The program's scroll bar behind a real one; null for another window.
-    ScrollBar Controls::*barOf(HWND control) const;
-    /// Where the parameters of a scroll message take the bar, inside its range or not.
-    int positionWanted(HWND control, WPARAM scrollMessage) const;
 
     /// The background of a label or text box, with the colours set for its text.
     HBRUSH colour(HDC context, HWND control) const;
@@ -42,17 +37,7 @@ class FormControls {
         TextBox Controls::*box;
         TextBox shown;
     };
-    struct BarControl {
-        HWND control;
-        ScrollBar Controls::*bar;
-        int page;  // what the window shows of it at a time
-        int minimum = 0;
-        int maximum = -1;  // nothing shown yet
-        int position = 0;
-    };
-
     void showLabel(LabelControl& target, const Label& label);
-    static void showBar(BarControl& target, const ScrollBar& bar);
     void placeTextBox(TextControl& target, int id, Rectangle place, const Layout& layout) const;
     HFONT fontOf(int id) const;
     bool standsOnRowBands(HWND control) const;
@@ -67,7 +52,6 @@ class FormControls {
     UniqueFont listFont_;
     std::vector<LabelControl> labels_;
     std::vector<TextControl> texts_;
-    std::vector<BarControl> bars_;
 };
 
 }  // namespace quorvel

@@ -52,6 +52,7 @@ void FormWindow::present() {
     }
     if (form_.state().mnuPFile != shownRecentFiles_) showMenuBar();
     controls_.show(controls);
+    bars_.show(controls);
     editor_.show(controls.txtEnter, editorName(form_));
     invalidateCanvas(Surface::Grid, form_.layout().gridCanvas);
     invalidateCanvas(Surface::Bottom, form_.layout().bottomCanvas);
@@ -64,6 +65,7 @@ void FormWindow::reopen() {
     const bool firstTime = openings_ == 0;
     openings_ = form_.openings();
     controls_.place(form_.layout(), canvas_.rowBands());
+    bars_.place(form_.layout());
     fitToLayout();
     if (firstTime) centreOnOwner(window_);
     ::InvalidateRect(window_, nullptr, TRUE);

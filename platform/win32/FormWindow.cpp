@@ -9,6 +9,7 @@
 #include "platform/win32/ControlParts.h"
 #include "platform/win32/MenuBar.h"
 #include "window/Menu.h"
+#include "window/Scrolling.h"
 
 #include <windowsx.h>
 
@@ -83,6 +84,7 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
                           0, nullptr, nullptr, ::GetModuleHandleW(nullptr), this) == nullptr)
         throw Error("The window could not be opened.");
     controls_.create(window_);
+    bars_.create(window_);
     editor_.create(window_, control_id::txtEnter, frmQRV::longestEntry);
     accessible_.reset(new GridAccessible(window_, form_, codePage_));
     showMenuBar();
@@ -197,9 +199,10 @@ void FormWindow::handleNotification(int control, int code) {
 }
 
 void FormWindow::scroll(HWND bar, WPARAM scrollMessage) {
-    const auto member = controls_.barOf(bar);
+    const auto member = bars_.barOf(bar);
     if (member == nullptr) return;
-    const int position = controls_.positionWanted(bar, scrollMessage);
+    const int position =
+        positionWanted(form_.controls().*member, pageOf(member, form_.layout()), scrollMessage);
     act([&] { form_.scroll(member, position); });
 }
 

@@ -5,6 +5,7 @@
 
 #include "core/CodePage.h"
 #include "platform/win32/CellEditorBox.h"
+#include "platform/win32/FormBars.h"
 #include "platform/win32/FormControls.h"
 #include "platform/win32/GdiCanvas.h"
 #include "platform/win32/GridAccessible.h"
@@ -63,6 +64,7 @@ class FormWindow {
 
     HWND window_ = nullptr;
     FormControls controls_;
+    FormBars bars_;
     CellEditorBox editor_;
     UniqueAcceleratorTable accelerators_;
     UniqueInterface<GridAccessible> accessible_;

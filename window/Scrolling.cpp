@@ -3,19 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "window/Keys.h"
+
 namespace quorvel {
 
 namespace {
-
-// Virtual key codes.
-constexpr int pageUpKey = 33;
-constexpr int pageDownKey = 34;
-constexpr int endKey = 35;
-constexpr int homeKey = 36;
-constexpr int leftKey = 37;
-constexpr int upKey = 38;
-constexpr int rightKey = 39;
-constexpr int downKey = 40;
 
 struct ScrollKey {
     int keyCode;
@@ -24,22 +16,22 @@ struct ScrollKey {
 };
 
 constexpr std::array scrollKeys{
-    ScrollKey{upKey, false, {&Controls::vsbS, ScrollDistance::StepBack}},
-    ScrollKey{downKey, false, {&Controls::vsbS, ScrollDistance::StepOn}},
-    ScrollKey{pageUpKey, false, {&Controls::vsbS, ScrollDistance::PageBack}},
-    ScrollKey{pageDownKey, false, {&Controls::vsbS, ScrollDistance::PageOn}},
-    ScrollKey{homeKey, false, {&Controls::vsbS, ScrollDistance::Start}},
-    ScrollKey{endKey, false, {&Controls::vsbS, ScrollDistance::End}},
-    ScrollKey{leftKey, false, {&Controls::hsbA, ScrollDistance::StepBack}},
-    ScrollKey{rightKey, false, {&Controls::hsbA, ScrollDistance::StepOn}},
-    ScrollKey{leftKey, true, {&Controls::hsbA, ScrollDistance::PageBack}},
-    ScrollKey{rightKey, true, {&Controls::hsbA, ScrollDistance::PageOn}},
-    ScrollKey{homeKey, true, {&Controls::hsbA, ScrollDistance::Start}},
-    ScrollKey{endKey, true, {&Controls::hsbA, ScrollDistance::End}},
-    ScrollKey{upKey, true, {&Controls::vsbA, ScrollDistance::StepBack}},
-    ScrollKey{downKey, true, {&Controls::vsbA, ScrollDistance::StepOn}},
-    ScrollKey{pageUpKey, true, {&Controls::vsbA, ScrollDistance::PageBack}},
-    ScrollKey{pageDownKey, true, {&Controls::vsbA, ScrollDistance::PageOn}},
+    ScrollKey{key::up, false, {&Controls::vsbS, ScrollDistance::StepBack}},
+    ScrollKey{key::down, false, {&Controls::vsbS, ScrollDistance::StepOn}},
+    ScrollKey{key::pageUp, false, {&Controls::vsbS, ScrollDistance::PageBack}},
+    ScrollKey{key::pageDown, false, {&Controls::vsbS, ScrollDistance::PageOn}},
+    ScrollKey{key::home, false, {&Controls::vsbS, ScrollDistance::Start}},
+    ScrollKey{key::end, false, {&Controls::vsbS, ScrollDistance::End}},
+    ScrollKey{key::left, false, {&Controls::hsbA, ScrollDistance::StepBack}},
+    ScrollKey{key::right, false, {&Controls::hsbA, ScrollDistance::StepOn}},
+    ScrollKey{key::left, true, {&Controls::hsbA, ScrollDistance::PageBack}},
+    ScrollKey{key::right, true, {&Controls::hsbA, ScrollDistance::PageOn}},
+    ScrollKey{key::home, true, {&Controls::hsbA, ScrollDistance::Start}},
+    ScrollKey{key::end, true, {&Controls::hsbA, ScrollDistance::End}},
+    ScrollKey{key::up, true, {&Controls::vsbA, ScrollDistance::StepBack}},
+    ScrollKey{key::down, true, {&Controls::vsbA, ScrollDistance::StepOn}},
+    ScrollKey{key::pageUp, true, {&Controls::vsbA, ScrollDistance::PageBack}},
+    ScrollKey{key::pageDown, true, {&Controls::vsbA, ScrollDistance::PageOn}},
 };
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "commands/FileCommands.h"
 #include "commands/RecentFiles.h"
 #include "storage/Settings.h"
+#include "window/Keys.h"
 #include "window/Menu.h"
 #include "window/Scrolling.h"
 
@@ -83,6 +84,22 @@ void frmQRV::Form_MouseWheel(int y, bool sideways, const WheelSetting& setting, 
 
 bool frmQRV::Form_KeyDown(int keyCode, bool controlHeld) {
     if (controls_.txtEnter.visible) return false;
+    switch (keyCode) {
+        case key::f2:
+            openCellByKey();
+            return true;
+        case key::f3:
+            lblStudent_Click();
+            return true;
+        case key::f4:
+            lblSN_Click();
+            return true;
+        default:
+            return scrollByKey(keyCode, controlHeld);
+    }
+}
+
+bool frmQRV::scrollByKey(int keyCode, bool controlHeld) {
     const auto wanted = scrollOfKey(keyCode, controlHeld);
     if (!wanted) return false;
     scroll(wanted->bar,

@@ -43,15 +43,14 @@ class frmQRV final : public MainWindow {
     /// A mouse wheel was turned at height `y` of the client area: by so many parts of
     /// WheelTurns::notch, on (down, to the right) or back.
     void Form_MouseWheel(int y, bool sideways, const WheelSetting& setting, int turn);
-    /// A key, as a virtual key code, while the editor is closed. False when it means nothing here.
+    /// A key, as a virtual key code, while the editor is closed: it scrolls, opens a cell or
+    /// changes a heading. False when it means nothing here.
     bool Form_KeyDown(int keyCode, bool controlHeld);
     /// The user changed the editor's text, or selected another part of it.
     void txtEnter_Change(std::string_view text);
-    /// The virtual key codes of Enter and Escape.
-    static constexpr int enterKey = 13;
-    static constexpr int escapeKey = 27;
-    /// A key in the editor, as a virtual key code. Text arrives through txtEnter_Change.
-    void txtEnter_KeyDown(int keyCode);
+    /// A key in the editor, as a virtual key code. False when it is the editor's own; what is typed
+    /// arrives through txtEnter_Change.
+    bool txtEnter_KeyDown(int keyCode, bool controlHeld);
     /// The window's close box.
     void closeBox();
 
@@ -111,9 +110,15 @@ class frmQRV final : public MainWindow {
     void showAssignmentList();
     void showClassFigures();
 
+    bool scrollByKey(int keyCode, bool controlHeld);
+
     // In-place entry.
     bool hitsCell(double x, double y) const;
-    void openEditor(double x, double y);
+    bool hasCell(int student, int assignment) const;
+    void openClickedCell(double x, double y);
+    void openCellByKey();
+    void openNeighbour(int studentsOn, int assignmentsOn);
+    void openEditor(int student, int assignment);
     void txtEnter_GotFocus();
     void txtEnter_LostFocus();
 

@@ -30,9 +30,8 @@ bool isSoundedCharacter(WPARAM character) {
 
 }  // namespace
 
-CellEditorBox::CellEditorBox(const CodePage& codePage, Events events)
+CellEditorBox::CellEditorBox(const CodePage& codePage)
     : codePage_(codePage),
-      events_(std::move(events)),
       font_(cellFont(rowPitch)),
       background_(::CreateSolidBrush(entryColour)) {}
 
@@ -46,7 +45,7 @@ void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
     ::SendMessageW(window_, EM_SETLIMITTEXT, longestText, 0);
     ::SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
                    MAKELPARAM(0, rightMargin));
-    ::SetWindowSubclass(window_, procedure, subclassId, reinterpret_cast<DWORD_PTR>(this));
+    ::SetWindowSubclass(window_, procedure, subclassId, 0);
 }
 
 void CellEditorBox::show(const CellEditor& editor, std::string_view name) {
@@ -98,16 +97,8 @@ bool CellEditorBox::holdsNewText() {
     return true;
 }
 
-bool CellEditorBox::takesKey(WPARAM key) const {
-    if (key == VK_RETURN) events_.enterKey();
-    if (key == VK_TAB) events_.tabKey();
-    return key == VK_RETURN || key == VK_TAB;
-}
-
 LRESULT CALLBACK CellEditorBox::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR id, DWORD_PTR box) {
-    auto* const self = reinterpret_cast<CellEditorBox*>(box);
-    if (message == WM_KEYDOWN && self->takesKey(wParam)) return 0;
+                                          UINT_PTR id, DWORD_PTR) {
     if (message == WM_CHAR && isSoundedCharacter(wParam)) return 0;
     if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, procedure, id);
     return ::DefSubclassProc(window, message, wParam, lParam);

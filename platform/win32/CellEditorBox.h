@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "core/CodePage.h"
 #include "platform/win32/Handles.h"
 #include "window/Controls.h"
@@ -11,13 +9,8 @@ namespace quorvel {
 /// The real txtEnter: an edit control over one cell of the grid.
 class CellEditorBox {
   public:
-    struct Events {
-        std::function<void()> enterKey;
-        std::function<void()> tabKey;
-    };
-
     /// `codePage` must outlive the box.
-    CellEditorBox(const CodePage& codePage, Events events);
+    explicit CellEditorBox(const CodePage& codePage);
     CellEditorBox(const CellEditorBox&) = delete;
     CellEditorBox& operator=(const CellEditorBox&) = delete;
 
@@ -37,12 +30,10 @@ class CellEditorBox {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                       UINT_PTR id, DWORD_PTR box);
-    bool takesKey(WPARAM key) const;
     void open(const CellEditor& editor, std::string_view name);
     void hide();
 
     const CodePage& codePage_;
-    Events events_;
     UniqueFont font_;
     UniqueBrush background_;
     HWND name_ = nullptr;  // a text of no size before the box

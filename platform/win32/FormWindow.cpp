@@ -75,9 +75,7 @@ FormWindow::FormWindow(frmQRV& form, WindowsDialogs& dialogs, GdiCanvas& canvas,
       canvas_(canvas),
       codePage_(codePage),
       controls_(codePage),
-      editor_(codePage,
-              {.enterKey = [this] { act([this] { form_.txtEnter_KeyDown(frmQRV::enterKey); }); },
-               .tabKey = [this] { act([this] { form_.hideEditor(); }); }}),
+      editor_(codePage),
       accelerators_(createAccelerators()) {
     registerWindowClass(procedure);
     if (::CreateWindowExW(0, control_id::mainWindowClass, L"", mainWindowStyle, CW_USEDEFAULT, 0, 0,
@@ -112,10 +110,13 @@ bool FormWindow::translate(MSG& message) {
 }
 
 bool FormWindow::takesKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || form_.controls().txtEnter.visible) return false;
+    if (message.message != WM_KEYDOWN) return false;
+    const int keyCode = static_cast<int>(message.wParam);
+    const bool controlHeld = ::GetKeyState(VK_CONTROL) < 0;
     bool taken = false;
     act([&] {
-        taken = form_.Form_KeyDown(static_cast<int>(message.wParam), ::GetKeyState(VK_CONTROL) < 0);
+        taken = form_.controls().txtEnter.visible ? form_.txtEnter_KeyDown(keyCode, controlHeld)
+                                                  : form_.Form_KeyDown(keyCode, controlHeld);
     });
     return taken;
 }

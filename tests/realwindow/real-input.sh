@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A teacher opens a class, types a score, saves and leaves, with real mouse and key input from the X
-# server; the saved file is compared byte by byte. The last line is "N passed, N failed".
+# A teacher opens a class, types scores with and without the mouse, saves and leaves, with real mouse
+# and key input from the X server; the saved file is compared byte by byte. The last line is "N passed, N failed".
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck source=tools/bench.sh
@@ -14,15 +14,11 @@ readonly program_folder='Real Input'
 readonly class='Algebra I - Period 3.qrv'
 readonly score=17
 
-# The sample with the text "17" as the scores of the fourth to the ninth student in the first
-# assignment, which are records 7 to 12: three records stand before the scores.
-expected_file() {
-    local record
-    cp "$root/assets/samples/$class" "$1"
-    for record in {7..12}; do
-        printf '\x08\x00\x02\x00%s\x00' "$score" |
-            dd of="$1" bs=1 seek=$(((record - 1) * 128)) conv=notrunc status=none
-    done
+# expect_score STUDENT SCORE: a text of two digits in the first assignment, before whose scores three
+# records stand.
+expect_score() {
+    printf '\x08\x00\x02\x00%s\x00' "$2" |
+        dd of="$bench_scratch/expected.qrv" bs=1 seek=$((($1 + 2) * 128)) conv=notrunc status=none
 }
 
 # entry_ends_at ROW X Y BUTTON: types a score into the row, clicks that place, and types on; what is
@@ -42,10 +38,24 @@ saved_as_expected() {
         "$WINEPREFIX/drive_c/$program_folder/Grades/$class"
 }
 
+# What the keys alone do: from the cell that was open last to the one below it.
+type_without_mouse() {
+    press F2
+    screen_settles
+    write_text 18
+    press ctrl+Down
+    screen_settles
+    write_text 19
+    press Return
+    screen_settles
+}
+
 main() {
+    local student
     trap bench_close EXIT
     bench_open real-input 1024x768 none
-    expected_file "$bench_scratch/expected.qrv"
+    cp "$root/assets/samples/$class" "$bench_scratch/expected.qrv"
+    for student in {4..9}; do expect_score "$student" "$score"; done
     check "the window opens" teacher_start "$program_folder"
     check "keys open a class" teacher_open_class "$class"
     teacher_type_score "$class" 4 1 "$score"
@@ -56,6 +66,11 @@ main() {
     entry_ends_at 9 500 450 2
     press ctrl+s
     check "a clicked and typed score is saved, and nothing else is changed" saved_as_expected
+    type_without_mouse
+    expect_score 9 18
+    expect_score 10 19
+    press ctrl+s
+    check "keys open cells and go from one to the next" saved_as_expected
     check "the menu's keys end the program" teacher_exit
     print_checks
 }

@@ -1,9 +1,11 @@
 #include "tests/scenario/FormEvents.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "tests/scenario/HeadlessControls.h"
+#include "window/Keys.h"
 #include "window/Menu.h"
 
 namespace quorvel::scenario {
@@ -70,13 +72,18 @@ FormEvent textTyped(const frmQRV& form, std::string_view text) {
     return [changed](frmQRV& typedInto) { typedInto.txtEnter_Change(changed); };
 }
 
-FormEvent keyPressed(const frmQRV& form, std::string_view key) {
+std::optional<int> codeOfKey(std::string_view name) {
+    if (name == "Enter") return key::enter;
+    if (name == "Escape") return key::escape;
+    if (name == "Tab") return key::tab;
+    return std::nullopt;
+}
+
+FormEvent keyPressed(const frmQRV& form, std::string_view name) {
     if (!form.controls().txtEnter.visible) return [](frmQRV&) {};
-    if (key == "Enter") return [](frmQRV& pressed) { pressed.txtEnter_KeyDown(frmQRV::enterKey); };
-    if (key == "Escape")
-        return [](frmQRV& pressed) { pressed.txtEnter_KeyDown(frmQRV::escapeKey); };
-    if (key == "Tab") return [](frmQRV& pressed) { pressed.hideEditor(); };
-    return textTyped(form, key);
+    const auto code = codeOfKey(name);
+    if (!code) return textTyped(form, name);
+    return [code](frmQRV& pressed) { pressed.txtEnter_KeyDown(*code, false); };
 }
 
 FormEvent barMoved(std::string_view bar, int position) {

@@ -2,6 +2,7 @@
 
 #include "tests/speed/OpenedWindow.h"
 #include "tests/speed/Sizes.h"
+#include "window/Keys.h"
 
 namespace quorvel {
 
@@ -20,7 +21,7 @@ void commitScores(benchmark::State& state, int students, int assignments) {
         window.clickCell(score % 7, score % 5);
         window.form().txtEnter_Change(std::to_string(score++ % 20));
         state.ResumeTiming();
-        window.form().txtEnter_KeyDown(frmQRV::enterKey);
+        window.form().txtEnter_KeyDown(key::enter, false);
     }
 }
 

@@ -82,7 +82,7 @@ TEST_F(ScoreEntry, EnterHidesTheEditorAndStoresThroughTheLostFocus) {
     clickCell(0, 0);
     form.txtEnter_Change("9");
     EXPECT_EQ(stored(1, 1), "0");
-    form.txtEnter_KeyDown(13);
+    EXPECT_TRUE(form.txtEnter_KeyDown(key::enter, false));
     EXPECT_FALSE(form.controls().txtEnter.visible);
     EXPECT_EQ(stored(1, 1), "9");
     EXPECT_TRUE(form.state().isDirty);
@@ -91,7 +91,7 @@ TEST_F(ScoreEntry, EnterHidesTheEditorAndStoresThroughTheLostFocus) {
 TEST_F(ScoreEntry, OtherKeysAreLeftToTheEditor) {
     fill(1, 1);
     clickCell(0, 0);
-    form.txtEnter_KeyDown(27);
+    EXPECT_FALSE(form.txtEnter_KeyDown(key::escape, false));
     EXPECT_TRUE(form.controls().txtEnter.visible);
 }
 

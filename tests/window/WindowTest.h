@@ -9,6 +9,7 @@
 #include "tests/fakes/MemoryFiles.h"
 #include "tests/fakes/ScriptedDialogs.h"
 #include "window/CanvasPlaces.h"
+#include "window/Keys.h"
 #include "window/Menu.h"
 #include "window/frmQRV.h"
 
@@ -62,7 +63,7 @@ class WindowTest : public testing::Test {
     void enter(int row, int column, std::string_view text) {
         clickCell(row, column);
         form.txtEnter_Change(text);
-        form.txtEnter_KeyDown(frmQRV::enterKey);
+        form.txtEnter_KeyDown(key::enter, false);
     }
 
     /// What the window shows from (x, y) on: digits, letters, "." and blanks; "?" for nothing.

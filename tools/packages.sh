@@ -10,7 +10,7 @@ readonly windows_packages=(g++-mingw-w64-x86-64-posix groff-base)
 readonly speed_packages=(gnumeric libbenchmark-dev time)
 readonly packaging_packages=(nsis unzip zip)
 readonly wine_packages=(fonts-liberation fonts-wine wine wine64 xvfb)
-readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript poppler-utils
+readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript mupdf-tools
     printer-driver-cups-pdf)
 readonly input_packages=(imagemagick x11-utils xdotool)
 

@@ -31,13 +31,6 @@ std::string systemDate() {
     return inCodePage(text.data());
 }
 
-bool isLandscape(const std::string& information) {
-    const std::size_t line = information.find("Page rot:");
-    if (line == std::string::npos) throw ScenarioError("a printed job cannot be read");
-    const std::string rotation = information.substr(line, information.find('\n', line) - line);
-    return rotation.find(" 90") != std::string::npos || rotation.find(" 270") != std::string::npos;
-}
-
 }  // namespace
 
 PrintQueue::PrintQueue(std::filesystem::path folder)
@@ -80,7 +73,7 @@ PrintedJob PrintQueue::readJob(int number) const {
     const std::array dates{systemDate(), firstDate_};
     const FontOnPaper font = paper.fonts.empty() ? FontOnPaper{"", 1} : paper.fonts.front();
     for (const PrintedPage& page : paper.pages) job.pages.push_back(linesOf(page, font, dates));
-    job.landscape = isLandscape(contentOf(out / (name + ".info")));
+    job.landscape = !paper.pages.empty() && paper.pages.front().landscape;
     job.font = paper.fonts.size() == 1 ? fontOf(font) : PrintFont{"several fonts", 0};
     return job;
 }

@@ -10,8 +10,6 @@ namespace quorvel::scenario {
 
 namespace {
 
-constexpr int dotsPerInch = 300;
-constexpr double dotsPerPoint = dotsPerInch / 72.0;
 /// What the program keeps free at the left and the top.
 constexpr int margin = dotsPerInch / 4;
 /// Of the font's height in dots: how far above its baseline a line of text begins, what lines are

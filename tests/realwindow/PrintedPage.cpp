@@ -59,15 +59,25 @@ char16_t characterOf(std::string_view text) {
     return decoded.front();
 }
 
+/// Points in whole dots: no printer of a bench draws between them.
+int dots(std::string_view points) {
+    return static_cast<int>(std::lround(number<double>(points) * dotsPerPoint));
+}
+
 PrintedCharacter parseCharacter(std::string_view tag) {
-    std::string_view box = attribute(tag, "bbox");
-    std::array<int, 4> edges{};
-    for (int& edge : edges) {
-        edge = number<int>(box);
-        box.remove_prefix(std::min(box.find(' ') + 1, box.size()));
-        if (box.empty()) break;
-    }
-    return {edges[0], edges[2], edges[1], characterOf(attribute(tag, "c"))};
+    // The corners of a character begin with its upper left and its upper right one.
+    std::string_view corners = attribute(tag, "quad");
+    for (int skipped = 0; skipped < 2; ++skipped)
+        corners.remove_prefix(std::min(corners.find(' ') + 1, corners.size()));
+    const std::string_view right = corners.substr(0, corners.find(' '));
+    return {dots(attribute(tag, "x")), dots(right), dots(attribute(tag, "y")),
+            characterOf(attribute(tag, "c"))};
+}
+
+PrintedPage emptyPage(std::string_view tag) {
+    return {.landscape =
+                number<double>(attribute(tag, "width")) > number<double>(attribute(tag, "height")),
+            .characters = {}};
 }
 
 /// A font's name without the mark of a part of a font, such as "LFKFMY+".
@@ -86,9 +96,9 @@ PrintedPages parsePrintedPages(std::string_view description) {
         const std::size_t end = std::min(description.find('\n', position), description.size());
         const std::string_view tag = description.substr(position, end - position);
         position = end;
-        if (tag.starts_with("<page>")) job.pages.emplace_back();
-        if (tag.starts_with("<span")) {
-            FontOnPaper font{plainName(attribute(tag, "font")),
+        if (tag.starts_with("<page")) job.pages.push_back(emptyPage(tag));
+        if (tag.starts_with("<font")) {
+            FontOnPaper font{plainName(attribute(tag, "name")),
                              number<double>(attribute(tag, "size"))};
             if (std::ranges::find(job.fonts, font) == job.fonts.end())
                 job.fonts.push_back(std::move(font));

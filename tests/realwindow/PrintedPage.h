@@ -9,6 +9,10 @@
 
 namespace quorvel::scenario {
 
+/// The printer of a bench has so many dots an inch.
+inline constexpr int dotsPerInch = 300;
+inline constexpr double dotsPerPoint = dotsPerInch / 72.0;
+
 /// A character on paper, in dots from the upper left corner of the upright page.
 struct PrintedCharacter {
     int left = 0;
@@ -18,6 +22,7 @@ struct PrintedCharacter {
 };
 
 struct PrintedPage {
+    bool landscape = false;
     std::vector<PrintedCharacter> characters;
 };
 

@@ -15,7 +15,8 @@ class Paper {
     static constexpr int ascent = 35;
 
     Paper& page() {
-        description_ += pages_++ == 0 ? "<page>\n" : "</page>\n<page>\n";
+        if (pages_++ > 0) description_ += "</page>\n";
+        description_ += "<page id=\"page1\" " + measures + ">\n";
         return *this;
     }
     Paper& text(int column, int row, std::string_view text, int width = characterWidth) {
@@ -33,11 +34,14 @@ class Paper {
         left += margin;
         right += margin;
         baseline += margin;
-        const std::string y = " " + std::to_string(baseline) + " ";
-        const std::string box = "bbox=\"" + std::to_string(left) + y + std::to_string(right) +
-                                y.substr(0, y.size() - 1) + "\"";
-        description_ += "<span " + box + " font=\"" + font + "\" size=\"" + size + "\">\n<char " +
-                        box + " c=\"" + written + "\"/>\n</span>\n";
+        const std::string x = points(left);
+        const std::string y = points(baseline);
+        const std::string above = points(baseline - ascent);
+        const std::string corners = x + " " + above + " " + points(right) + " " + above + " " + x +
+                                    " " + y + " " + points(right) + " " + y;
+        description_ += "<font name=\"" + font + "\" size=\"" + size + "\">\n<char quad=\"" +
+                        corners + "\" x=\"" + x + "\" y=\"" + y + "\" color=\"#000000\" c=\"" +
+                        written + "\"/>\n</font>\n";
         return *this;
     }
 
@@ -48,9 +52,12 @@ class Paper {
     PrintedPages parsed() const { return parsePrintedPages(description_ + "</page>\n"); }
 
     std::string font = "LFKFMY+LiberationMono";
-    std::string size = "10.0800";
+    std::string size = "10.08";
+    std::string measures = "width=\"612\" height=\"792\"";
 
   private:
+    static std::string points(int dots) { return std::to_string(dots * 72.0 / 300); }
+
     std::string description_;
     int pages_ = 0;
 };
@@ -116,12 +123,12 @@ TEST(PrintedPage, CharactersWrittenWithAnotherNameAreReadAsPrinted) {
     Paper paper;
     paper.page();
     int left = 0;
-    for (const char* written :
-         {"&#xad;", "&lt;", "&amp;", "&gt;", "&quot;", "&apos;", "&#xe9;", "&#x20ac;", ">"}) {
+    for (const char* written : {"&#xad;", "&lt;", "&amp;", "&gt;", "&quot;", "&apos;", "&#xe9;",
+                                "&#x20ac;", "&#x160;", ">"}) {
         paper.draw(left, left + 25, Paper::ascent, written);
         left += Paper::characterWidth;
     }
-    EXPECT_EQ(paper.lines(), (Lines{"-<&>\"'\xE9\x80>"}));
+    EXPECT_EQ(paper.lines(), (Lines{"-<&>\"'\xE9\x80\x8A>"}));
 }
 
 TEST(PrintedPage, ProportionalTextIsReadWithoutGaps) {
@@ -144,7 +151,7 @@ TEST(PrintedPage, FontsGoByTheNamesAndSizesOfTheProgram) {
 TEST(PrintedPage, EveryPageAndEveryFontCountsOnce) {
     Paper paper;
     paper.page().text(1, 1, "one").page().text(1, 1, "two");
-    paper.size = "9.8400";
+    paper.size = "9.84";
     paper.text(1, 2, "smaller");
     const PrintedPages job = paper.parsed();
     EXPECT_EQ(job.pages.size(), 2U);
@@ -152,9 +159,22 @@ TEST(PrintedPage, EveryPageAndEveryFontCountsOnce) {
     EXPECT_EQ(job.fonts[0].name, "LiberationMono");
 }
 
+TEST(PrintedPage, APageIsUprightOrNot) {
+    Paper paper;
+    paper.page();
+    paper.measures = "width=\"792\" height=\"612\"";
+    paper.page();
+    const PrintedPages job = paper.parsed();
+    EXPECT_FALSE(job.pages[0].landscape);
+    EXPECT_TRUE(job.pages[1].landscape);
+}
+
 TEST(PrintedPage, ADescriptionOfAnotherKindIsAnError) {
-    EXPECT_THROW(parsePrintedPages("<page>\n<char c=\"a\"/>\n</page>\n"), ScenarioError);
-    EXPECT_THROW(parsePrintedPages("<char bbox=\"0 1 2 3\" c=\"a\"/>\n"), ScenarioError);
+    EXPECT_THROW(parsePrintedPages("<page>\n"), ScenarioError);
+    EXPECT_THROW(parsePrintedPages("<page width=\"1\" height=\"2\">\n<char c=\"a\"/>\n</page>\n"),
+                 ScenarioError);
+    EXPECT_THROW(parsePrintedPages("<char quad=\"0 1 2 1 0 3 2 3\" x=\"0\" y=\"3\" c=\"a\"/>\n"),
+                 ScenarioError);
 }
 
 }  // namespace quorvel::scenario

@@ -8,23 +8,9 @@ namespace quorvel {
 namespace {
 
 constexpr std::int64_t frameHeight = 100;
-
-Html textsOf(const StudentEntry& student) {
-    int excused = 0;
-    std::optional<std::int64_t> lowest;
-    std::optional<std::int64_t> highest;
-    for (const CellEntry& cell : student.cells) {
-        if (cell.kind == CellKind::Excused) ++excused;
-        if (!cell.percentage) continue;
-        lowest = std::min(lowest.value_or(*cell.percentage), *cell.percentage);
-        highest = std::max(highest.value_or(*cell.percentage), *cell.percentage);
-    }
-    Html text;
-    if (lowest) {
-        text.add("Percentages from ", Tenths{*lowest}, " to ", Tenths{*highest}, "; ");
-    }
-    return text.add(excused, " excused, ", student.emptyCount, " empty");
-}
+/// What strokes at 100 % and rings at 0 % need beyond them.
+constexpr std::int64_t marginOver = 12;
+constexpr std::int64_t marginBelow = 22;
 
 // The large picture's lines, in pixels.
 constexpr int largeTop = 20;
@@ -61,9 +47,8 @@ Html numberLabels(const std::vector<int>& numbers) {
 }  // namespace
 
 Html LineDrawing::frame() const {
-    constexpr int margin = 12;
-    return Html().add(" preserveAspectRatio=\"none\" viewBox=\"-.5 -", margin, " ",
-                      std::max(1, count()), " ", frameHeight + 2 * margin, "\"");
+    return Html().add(" preserveAspectRatio=\"none\" viewBox=\"-.5 -", marginOver, " ",
+                      std::max(1, count()), " ", marginOver + frameHeight + marginBelow, "\"");
 }
 
 Html LineDrawing::point(int place, std::int64_t percentage) const {
@@ -97,6 +82,26 @@ Html LineDrawing::lineOf(const StudentEntry& student) const {
                   "\"/>");
     }
     return paths;
+}
+
+Html LineDrawing::wordsFor(const StudentEntry& student) const {
+    int excused = 0;
+    int empty = 0;
+    std::optional<std::int64_t> lowest;
+    std::optional<std::int64_t> highest;
+    for (const int assignment : assignments_) {
+        const CellEntry& cell = student.cell(assignment);
+        if (cell.kind == CellKind::Excused) ++excused;
+        if (cell.kind == CellKind::Empty) ++empty;
+        if (!cell.percentage) continue;
+        lowest = std::min(lowest.value_or(*cell.percentage), *cell.percentage);
+        highest = std::max(highest.value_or(*cell.percentage), *cell.percentage);
+    }
+    Html words;
+    if (lowest) {
+        words.add("Percentages from ", Tenths{*lowest}, " to ", Tenths{*highest}, "; ");
+    }
+    return words.add(excused, " excused, ", empty, " empty");
 }
 
 Html LineDrawing::averages(const std::vector<AssignmentEntry>& assignments) const {
@@ -143,7 +148,7 @@ Html linePicture(const StudentEntry& student, const LineDrawing& drawing, const 
                  const Html& id) {
     const PictureTexts texts{.id = id,
                              .title = Html().add(student.name, ": line across the assignments"),
-                             .description = textsOf(student)};
+                             .description = drawing.wordsFor(student)};
     return Html().add("<svg class=\"line\"", drawing.frame(), namedPicture(texts), "<use href=\"#",
                       background, "\"/>", drawing.lineOf(student), "</svg>");
 }
@@ -155,13 +160,13 @@ Html largeLinePicture(const StudentContent& content, const Html& id) {
     const LineDrawing drawing(numbers, axis);
     const PictureTexts texts{.id = id,
                              .title = Html().add("Line across the assignments"),
-                             .description = textsOf(content.student)};
+                             .description = drawing.wordsFor(content.student)};
     Html picture;
     picture.add("<svg class=\"large\" height=\"", largeTop + largeHeight + 32, "\"",
                 namedPicture(texts), percentLines(axis), numberLabels(numbers));
-    const int margin = largeHeight * 12 / 100;
-    return picture.add("<svg y=\"", largeTop - margin, "\" width=\"100%\" height=\"",
-                       largeHeight + 2 * margin, "\"", drawing.frame(), ">",
+    const auto lengthOf = [](std::int64_t part) { return part * largeHeight / frameHeight; };
+    return picture.add("<svg y=\"", largeTop - lengthOf(marginOver), "\" width=\"100%\" height=\"",
+                       lengthOf(marginOver + frameHeight + marginBelow), "\"", drawing.frame(), ">",
                        drawing.lineOf(content.student), "</svg></svg>");
 }
 

@@ -22,6 +22,8 @@ class LineDrawing {
     Html frame() const;
     /// The student's line: broken at excused cells, with a ring at the foot for each empty one.
     Html lineOf(const StudentEntry& student) const;
+    /// What the line shows, for those who do not see it.
+    Html wordsFor(const StudentEntry& student) const;
     /// The averages of the assignments, of which all are given.
     Html averages(const std::vector<AssignmentEntry>& assignments) const;
     /// Lines at 0 and 100 %.

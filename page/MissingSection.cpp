@@ -22,9 +22,8 @@ Html gapTable(const Html& titleId, const Html& head, const std::vector<Gap>& gap
               const std::vector<Row>& rows, const std::vector<Across>& across) {
     Html body;
     for (const Gap& gap : gaps) {
-        const std::string_view cost = gap.costsPoints ? "cost" : "none";
         body.add("<tr><th scope=\"row\">", rows[static_cast<std::size_t>(gap.number) - 1].name,
-                 "</th><td class=\"", cost, "\">", gap.count, "</td><td class=\"names\">");
+                 "</th><td class=\"cost\">", gap.count, "</td><td class=\"names\">");
         const bool isAll = gap.count > 1 && static_cast<std::size_t>(gap.count) == across.size();
         if (isAll) {
             body.add("all");
@@ -38,7 +37,6 @@ Html gapTable(const Html& titleId, const Html& head, const std::vector<Gap>& gap
 }
 
 Html byStudent(const ClassContent& content, const SectionPlace& place) {
-    if (content.gapsByStudent.empty()) return {};
     return Html().add(
         "<div>",
         partHeading(place.level() + 2, place.id("gaps-students"), Html().add("By student"), Html()),
@@ -61,18 +59,35 @@ Html byAssignment(const ClassContent& content, const SectionPlace& place) {
         "</div>");
 }
 
+/// The assignments worth 0 that have empty cells, with how many.
+Html worthNothing(const ClassContent& content) {
+    std::size_t found = 0;
+    Html names;
+    for (const AssignmentEntry& assignment : content.assignments) {
+        if (assignment.value != 0 || assignment.emptyCount == 0) continue;
+        if (found < Gap::mostNamed) {
+            names.add(found > 0 ? ", " : std::string_view(), assignment.name, " (",
+                      assignment.emptyCount, ")");
+        }
+        ++found;
+    }
+    if (found > Gap::mostNamed) names.add(", and ", found - Gap::mostNamed, " more");
+    return names;
+}
+
 /// What the empty cells cost.
 Html costOf(const ClassContent& content) {
-    const std::int64_t harmless = content.emptyCount - content.missingCount;
+    if (content.emptyCount == 0) return Html().add("Nothing: every cell has a score or an E.");
     Html text;
-    if (content.missingCount > 0) {
+    if (content.missingCount == 0) {
+        text.add("Nothing that costs points.");
+    } else {
         text.add(counted(content.missingCount, "empty cell counts", "empty cells count"),
-                 " as no points of the full value. ");
+                 " as no points of the full value.");
     }
-    if (harmless > 0) {
-        text.add(counted(harmless, "empty cell costs", "empty cells cost"),
-                 " nothing, since the assignment is worth 0; the list of students leaves out such "
-                 "cells.");
+    if (content.emptyCount > content.missingCount) {
+        text.add(" Left out are assignments worth 0, where an empty cell costs nothing: ",
+                 worthNothing(content), ".");
     }
     return text;
 }
@@ -80,13 +95,11 @@ Html costOf(const ClassContent& content) {
 }  // namespace
 
 Html missingSection(const ClassContent& content, const SectionPlace& place) {
-    const bool isWhole = content.emptyCount == 0;
     Html section;
     section.add("<section class=\"missing\">",
                 partHeading(place.level() + 1, place.id("missing"), Html().add("What is missing"),
-                            isWhole ? Html().add("Nothing: every cell has a score or an E.")
-                                    : costOf(content)));
-    if (!isWhole) {
+                            costOf(content)));
+    if (content.missingCount > 0) {
         section.add("<div class=\"pair\">", byStudent(content, place), byAssignment(content, place),
                     "</div>");
     }

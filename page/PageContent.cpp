@@ -52,7 +52,6 @@ StudentEntry studentEntry(const GradeSheet& sheet, int student, int valued,
             .name = textOr(choice.codePage.toUtf8(name), "Student ", student),
             .figures = sheet.figures(student),
             .cells = {},
-            .emptyCount = sheet.assignmentCount(),
             .missingCount = valued};
 }
 
@@ -60,7 +59,6 @@ StudentEntry studentEntry(const GradeSheet& sheet, int student, int valued,
 void addCell(StudentEntry& student, int assignment, bool isValued, CellEntry cell) {
     student.cells.resize(static_cast<std::size_t>(assignment) - 1);
     student.cells.push_back(std::move(cell));
-    --student.emptyCount;
     if (isValued) --student.missingCount;
 }
 
@@ -109,10 +107,7 @@ std::vector<Gap> gapsByStudent(const ClassContent& content) {
     std::vector<Gap> gaps;
     for (const StudentEntry& student : content.students) {
         if (student.missingCount == 0) continue;
-        Gap gap{.number = student.number,
-                .count = student.missingCount,
-                .costsPoints = true,
-                .others = {}};
+        Gap gap{.number = student.number, .count = student.missingCount, .others = {}};
         for (const int assignment : valued) {
             if (gap.others.size() == Gap::mostNamed) break;
             const bool isEmpty = student.cell(assignment).kind == CellKind::Empty;
@@ -127,11 +122,8 @@ std::vector<Gap> gapsByStudent(const ClassContent& content) {
 std::vector<Gap> gapsByAssignment(const ClassContent& content) {
     std::vector<Gap> gaps;
     for (const AssignmentEntry& assignment : content.assignments) {
-        if (assignment.emptyCount == 0) continue;
-        Gap gap{.number = assignment.number,
-                .count = assignment.emptyCount,
-                .costsPoints = assignment.value != 0,
-                .others = {}};
+        if (assignment.emptyCount == 0 || assignment.value == 0) continue;
+        Gap gap{.number = assignment.number, .count = assignment.emptyCount, .others = {}};
         for (const StudentEntry& student : content.students) {
             if (gap.others.size() == Gap::mostNamed) break;
             const bool isEmpty = student.cell(assignment.number).kind == CellKind::Empty;

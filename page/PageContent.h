@@ -37,9 +37,7 @@ struct StudentEntry {
     StudentFigures figures;
     /// The cells up to the last one that is not empty, so that memory follows what a file holds.
     std::vector<CellEntry> cells;
-    int emptyCount = 0;
-    /// Of the empty cells those whose assignment has a value: the others cost no points.
-    int missingCount = 0;
+    int missingCount = 0;  // the empty cells that cost points: not those of an assignment worth 0
 
     /// Requires 1 <= assignment.
     const CellEntry& cell(int assignment) const;
@@ -56,14 +54,14 @@ struct AssignmentEntry {
     int emptyCount = 0;
 };
 
-/// The empty cells of one assignment, or those of one student that cost points.
+/// The empty cells of one student or of one assignment that cost points. What is worth 0 is in
+/// neither, so both add up to the same.
 struct Gap {
     /// Where so many are empty, those behind are only counted.
     static constexpr std::size_t mostNamed = 60;
 
     int number = 0;           // the student's, or the assignment's
     int count = 0;            // at least 1
-    bool costsPoints = true;  // not where the assignment is worth 0
     std::vector<int> others;  // the numbers of the first assignments, or students
 };
 
@@ -82,7 +80,7 @@ struct ClassContent {
     std::vector<Gap> gapsByStudent;  // most gaps first
     std::vector<Gap> gapsByAssignment;
     std::int64_t emptyCount = 0;
-    std::int64_t missingCount = 0;  // of the empty ones those that cost points
+    std::int64_t missingCount = 0;  // of the empty ones those of all gaps
     std::int64_t excusedCount = 0;
 };
 

@@ -57,8 +57,9 @@ Html strip(const ClassContent& content, const SectionPlace& place) {
     return Html().add(
         "<section>",
         partHeading(place.level() + 1, place.id("strip"), Html().add("Where every student stands"),
-                    Html().add("A dot is a student, by percentage; ties stand on each other. The "
-                               "lines are the limits of the letters.")),
+                    Html().add("A dot is a student, by percentage. Students with the same one "
+                               "stand side by side, joined, and more than five of them in rows. "
+                               "The lines are the limits of the letters.")),
         stripPicture(dots, content.limits, content.average, texts), "</section>");
 }
 
@@ -88,6 +89,13 @@ Html averageFigure(const std::optional<ClassAverage>& average) {
     return Html().add("<p class=\"average\"><b>", Tenths{average->tenths},
                       "<small>%</small></b> <i>", letterText(average->letterGrade),
                       "</i><span>class average</span></p>");
+}
+
+Html percentCell(std::string_view kind, const std::optional<std::int64_t>& tenths) {
+    if (!tenths) return Html().add("<td class=\"", kind, "\"></td>");
+    constexpr int onePercent = 10;
+    const std::string_view whole = *tenths % onePercent == 0 ? " whole" : "";
+    return Html().add("<td class=\"", kind, whole, "\">", Tenths{*tenths}, "</td>");
 }
 
 Html readingNotes(const LetterLimits& limits) {

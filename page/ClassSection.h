@@ -29,6 +29,10 @@ Html headingLine(const PageHeading& heading);
 /// The average of a class, or that there is none, as a large figure.
 Html averageFigure(const std::optional<ClassAverage>& average);
 
+/// A cell of a table with a percentage in tenths, if there is one. The decimal points of a column
+/// stand below each other, also where a figure is written without one.
+Html percentCell(std::string_view kind, const std::optional<std::int64_t>& tenths);
+
 /// How the figures are to be read, and what each letter needs.
 Html readingNotes(const LetterLimits& limits);
 

@@ -17,13 +17,6 @@ PercentAxis spreadAxis(const std::vector<AssignmentEntry>& assignments) {
     return axisFor(0, highest);
 }
 
-Html averageCell(const std::optional<std::int64_t>& tenths) {
-    Html cell;
-    cell.add("<td class=\"percent\">");
-    if (tenths) cell.add(Tenths{*tenths});
-    return cell.add("</td>");
-}
-
 /// A count that is 0 nearly everywhere: what is not 0 is to stand out.
 Html countCell(int count, std::string_view kind) {
     const std::string_view none = count == 0 ? " none" : "";
@@ -36,7 +29,7 @@ Html spreadCells(const AssignmentEntry& assignment) {
     Html cells;
     for (const std::int64_t figure :
          {spread.lowest, spread.lowerQuarter, spread.middle, spread.upperQuarter, spread.highest}) {
-        cells.add("<td class=\"five\">", Tenths{figure}, "</td>");
+        cells.add(percentCell("five", figure));
     }
     return cells;
 }
@@ -45,7 +38,8 @@ Html assignmentRow(const AssignmentEntry& assignment, const PercentAxis& axis, c
     return Html().add(
         "<tr><td class=\"number\">", assignment.number, "</td><th scope=\"row\">", assignment.name,
         "</th><td class=\"value\">", assignment.value, "</td>",
-        averageCell(assignment.averagePercentage), "<td class=\"picture\">",
+        percentCell("percent", assignment.averagePercentage), "<td class=\"picture",
+        assignment.spread ? std::string_view() : " bare", "\">",
         spreadPicture(assignment, axis, id), "</td>", spreadCells(assignment),
         countCell(assignment.excusedCount, "excused"),
         countCell(assignment.emptyCount, assignment.value == 0 ? "unfilled" : "unfilled cost"),
@@ -57,8 +51,8 @@ Html studentRow(const StudentEntry& student, const Html& picture) {
     return Html().add(
         "<tr><td class=\"number\">", student.number, "</td><th scope=\"row\">", student.name,
         "</th><td class=\"picture\">", picture, "</td><td class=\"earned\">", figures.pointsEarned,
-        "</td><td class=\"possible\">", figures.pointsPossible, "</td><td class=\"percent\">",
-        Tenths{figures.percentageTenths}, "</td><td class=\"grade\">",
+        "</td><td class=\"possible\">", figures.pointsPossible, "</td>",
+        percentCell("percent", figures.percentageTenths), "<td class=\"grade\">",
         letterText(figures.letterGrade), "</td><td class=\"rank\">", figures.rank, "</td></tr>");
 }
 

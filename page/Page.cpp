@@ -57,7 +57,7 @@ Html Page::contentsRow(std::size_t index, bool withTeacher) const {
     if (withTeacher) row.add("<td class=\"teacher\">", entry.heading.teacher, "</td>");
     row.add("<td>", entry.students, "</td>");
     if (entry.average) {
-        row.add("<td>", Tenths{entry.average->tenths}, "</td><td class=\"grade\">",
+        row.add(percentCell("percent", entry.average->tenths), "<td class=\"grade\">",
                 letterText(entry.average->letterGrade), "</td>");
     } else {
         row.add("<td></td><td></td>");

@@ -64,7 +64,9 @@ Html letterPicture(const std::array<int, 6>& counts, const LetterLimits& limits,
 }
 
 Html spreadPicture(const AssignmentEntry& assignment, const PercentAxis& axis, const Html& id) {
-    if (!assignment.spread) return {};
+    if (!assignment.spread) {
+        return Html().add("<svg class=\"spread\" aria-hidden=\"true\">", gridLines(axis), "</svg>");
+    }
     const Spread& spread = *assignment.spread;
     PictureTexts texts{.id = id,
                        .title = Html().add(assignment.name, ": spread of the percentages"),

@@ -40,7 +40,8 @@ Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
                   const std::optional<ClassAverage>& average, const PictureTexts& texts);
 
 /// Where one assignment's percentages lie: a line from the lowest to the highest, a box for the
-/// middle half, a mark at the middle and a ring at the average.
+/// middle half, a mark at the middle and a ring at the average; nothing but the axis' lines where
+/// there are none.
 Html spreadPicture(const AssignmentEntry& assignment, const PercentAxis& axis, const Html& id);
 /// The axis over a column of those.
 Html spreadScale(const PercentAxis& axis);

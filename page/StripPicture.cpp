@@ -3,34 +3,16 @@
 
 #include "core/Numbers.h"
 
-#include "page/DotStacks.h"
+#include "page/DotRows.h"
 #include "page/Pictures.h"
 
 namespace quorvel {
 
 namespace {
 
-// Lengths along the picture are tenths of a percent of its width, those across it tenths of a
-// pixel.
-
-constexpr std::int64_t linesTop = 340;
-constexpr std::int64_t roomOverDots = 120;
-constexpr std::int64_t highestStack = 2600;
-constexpr std::int64_t lowestStack = 320;
-
-/// How large dots are drawn, by how many there are.
-struct DotSize {
-    std::int64_t width;
-    std::int64_t radius;
-};
-
-DotSize dotSizeFor(std::size_t count) {
-    constexpr std::size_t few = 60;
-    constexpr std::size_t many = 300;
-    if (count <= few) return {.width = 18, .radius = 55};
-    if (count <= many) return {.width = 11, .radius = 32};
-    return {.width = 7, .radius = 20};
-}
+// The picture is two on each other. The dots grow with its width and so does the room that they
+// need; the lines and texts of the frame keep their size. Lengths along both are tenths of a
+// percent of the width, as are those of the dots upward; those of the frame upward are pixels.
 
 PercentAxis axisOf(const std::vector<StripDot>& dots, const LetterLimits& limits) {
     const auto& [lowestLimit, highestLimit] = std::ranges::minmax(limits);
@@ -44,7 +26,7 @@ PercentAxis axisOf(const std::vector<StripDot>& dots, const LetterLimits& limits
 }
 
 /// The limits of the letters as lines with their percentages, and each letter between its own.
-Html limitLines(const LetterLimits& limits, const PercentAxis& axis, std::int64_t base) {
+Html limitLines(const LetterLimits& limits, const PercentAxis& axis) {
     constexpr std::int64_t characterWidth = 22;
     constexpr std::int64_t narrowest = 25;
     Html lines;
@@ -61,7 +43,7 @@ Html limitLines(const LetterLimits& limits, const PercentAxis& axis, std::int64_
         right = left;
         if (letter == limits.size() || left <= axis.from || left >= axis.to) continue;
         lines.add("<line class=\"limit\" x1=\"", widthPlace(place), "\" x2=\"", widthPlace(place),
-                  "\" y1=\"", Tenths{linesTop}, "\" y2=\"", Tenths{base}, "\"/>");
+                  "\" y1=\"34\" y2=\"100%\"/>");
         const auto width = static_cast<std::int64_t>(tenthsText(left).size()) * characterWidth;
         if (lastLabel - place < width) continue;
         lastLabel = place;
@@ -71,23 +53,22 @@ Html limitLines(const LetterLimits& limits, const PercentAxis& axis, std::int64_
     return lines;
 }
 
-Html baseLine(const PercentAxis& axis, std::int64_t base) {
+/// What stands below the line that the dots stand on.
+Html axisLabels(const PercentAxis& axis) {
     const bool isLong = axis.to - axis.from > PercentAxis::whole + PercentAxis::step;
     const std::int64_t step = isLong ? 2 * PercentAxis::step : PercentAxis::step;
-    Html line;
-    line.add("<line class=\"base\" x1=\"0\" x2=\"100%\" y1=\"", Tenths{base}, "\" y2=\"",
-             Tenths{base}, "\"/>");
+    Html labels;
     for (std::int64_t percentage = axis.from; percentage <= axis.to; percentage += step) {
         const bool isLast = percentage + step > axis.to;
-        line.add("<text class=\"soft\" x=\"", widthPlace(axis.place(percentage)), "\" y=\"",
-                 Tenths{base + 160}, "\">", Tenths{percentage},
-                 isLast ? std::string_view("%") : std::string_view(), "</text>");
+        labels.add("<text class=\"soft\" x=\"", widthPlace(axis.place(percentage)), "\" y=\"16\">",
+                   Tenths{percentage}, isLast ? std::string_view("%") : std::string_view(),
+                   "</text>");
     }
-    return line;
+    return labels;
 }
 
 /// The class average, hanging from the axis so that it hides no dot.
-Html averageMark(const ClassAverage& average, const PercentAxis& axis, std::int64_t base) {
+Html averageMark(const ClassAverage& average, const PercentAxis& axis) {
     constexpr std::int64_t nearLeft = 150;
     constexpr std::int64_t nearRight = 850;
     const std::int64_t place = axis.place(average.tenths);
@@ -95,43 +76,61 @@ Html averageMark(const ClassAverage& average, const PercentAxis& axis, std::int6
     if (place < nearLeft) anchor = "start";
     if (place > nearRight) anchor = "end";
     return Html().add("<line class=\"average\" x1=\"", widthPlace(place), "\" x2=\"",
-                      widthPlace(place), "\" y1=\"", Tenths{base + 210}, "\" y2=\"",
-                      Tenths{base + 270}, "\"/><text class=\"figure\" x=\"", widthPlace(place),
-                      "\" y=\"", Tenths{base + 390}, "\" text-anchor=\"", anchor,
-                      "\">Class average ", Tenths{average.tenths}, "</text>");
+                      widthPlace(place), "\" y1=\"21\" y2=\"27\"/><text class=\"figure\" x=\"",
+                      widthPlace(place), "\" y=\"39\" text-anchor=\"", anchor, "\">Class average ",
+                      Tenths{average.tenths}, "</text>");
+}
+
+/// One alone has room for its figure.
+Html figureOver(const StripDot& dot, const PercentAxis& axis) {
+    return Html().add("<text class=\"figure\" x=\"", widthPlace(axis.place(dot.percentage)),
+                      "\" y=\"-24\">", Tenths{dot.percentage}, "</text>");
+}
+
+/// All but the dots, for the eye only: the dots' picture says in words what this one does.
+Html frame(const std::vector<StripDot>& dots, const LetterLimits& limits, const PercentAxis& axis,
+           const std::optional<ClassAverage>& average) {
+    Html picture;
+    picture.add("<svg class=\"frame\" aria-hidden=\"true\">", limitLines(limits, axis),
+                "<line class=\"base\" x1=\"0\" x2=\"100%\" y1=\"100%\" y2=\"100%\"/>");
+    picture.add("<svg y=\"100%\">", axisLabels(axis));
+    if (dots.size() == 1) picture.add(figureOver(dots.front(), axis));
+    if (average) picture.add(averageMark(*average, axis));
+    return picture.add("</svg></svg>");
+}
+
+/// The dots of one percentage in one row, joined by a bar.
+Html dotsOf(const DotRun& run, std::int64_t width, const std::vector<StripDot>& dots) {
+    const std::int64_t up = run.row * width + width / 2;
+    const auto length = (static_cast<std::int64_t>(run.dots.size()) - 1) * width;
+    Html circles;
+    if (length > 0) circles.add("<path d=\"M", run.left, " ", -up, "h", length, "\"/>");
+    std::int64_t along = run.left;
+    for (const std::size_t index : run.dots) {
+        circles.add("<circle cx=\"", along, "\" cy=\"", -up, "\" r=\"", Tenths{width * 17 / 4},
+                    "\"><title>", dots[index].name, "</title></circle>");
+        along += width;
+    }
+    return circles;
 }
 
 }  // namespace
 
 Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
                   const std::optional<ClassAverage>& average, const PictureTexts& texts) {
+    constexpr std::int64_t lowestPicture = 90;
     const PercentAxis axis = axisOf(dots, limits);
-    const DotSize size = dotSizeFor(dots.size());
-    std::vector<std::int64_t> places;
-    places.reserve(dots.size());
-    for (const StripDot& dot : dots) places.push_back(axis.place(dot.percentage));
-    const std::vector<Dot> stacked = stackDots(places, size.width);
-    const std::int64_t rows = std::max(1, rowCount(stacked));
-    const std::int64_t pitch = std::min(2 * size.radius + 10, highestStack / rows);
-    const std::int64_t base = linesTop + roomOverDots + std::max(rows * pitch, lowestStack);
-    const std::int64_t height = base + (average ? 460 : 240);
+    std::vector<std::int64_t> percentages;
+    percentages.reserve(dots.size());
+    for (const StripDot& dot : dots) percentages.push_back(dot.percentage);
+    const DotRows placed = dotRows(percentages, axis);
+    const std::int64_t height = std::max(placed.rows * placed.width, lowestPicture);
     Html picture;
-    picture.add("<svg class=\"strip\" height=\"", Tenths{height}, "\"", namedPicture(texts));
-    picture.add(limitLines(limits, axis, base), baseLine(axis, base));
-    if (average) picture.add(averageMark(*average, axis, base));
-    picture.add("<g class=\"dots\">");
-    for (const Dot& dot : stacked) {
-        picture.add("<circle cx=\"", widthPlace(dot.place), "\" cy=\"",
-                    Tenths{base - 10 - size.radius - dot.row * pitch}, "\" r=\"",
-                    Tenths{size.radius}, "\"><title>", dots[dot.index].name, "</title></circle>");
-    }
-    picture.add("</g>");
-    // One alone has room for its figure.
-    if (dots.size() == 1) {
-        picture.add("<text class=\"figure\" x=\"", widthPlace(places.front()), "\" y=\"",
-                    Tenths{base - 160}, "\">", Tenths{dots.front().percentage}, "</text>");
-    }
-    return picture.add("</svg>");
+    picture.add("<div class=\"strip\">", frame(dots, limits, axis, average),
+                "<svg class=\"dots\" viewBox=\"0 ", -height, " 1000 ", height, "\"",
+                namedPicture(texts), "<g stroke-width=\"", Tenths{placed.width * 2}, "\">");
+    for (const DotRun& run : placed.runs) picture.add(dotsOf(run, placed.width, dots));
+    return picture.add("</g></svg></div>");
 }
 
 }  // namespace quorvel

@@ -58,6 +58,11 @@ Html scoreCell(const CellEntry& cell, int value) {
     return Html().add("<td>", cell.text, "</td>");
 }
 
+Html shareBar(std::int64_t share) {
+    return Html().add("<svg class=\"share\" aria-hidden=\"true\"><rect width=\"", widthPlace(share),
+                      "\" height=\"10\"/></svg>");
+}
+
 Html scores(const StudentContent& content) {
     if (content.assignments.empty()) return {};
     const PercentAxis axis = lineAxis({content.student});
@@ -66,16 +71,10 @@ Html scores(const StudentContent& content) {
         const CellEntry& cell = content.student.cell(assignment.number);
         rows.add("<tr><td class=\"number\">", assignment.number, "</td><th scope=\"row\">",
                  assignment.name, "</th>", scoreCell(cell, assignment.value), "<td>",
-                 assignment.value, "</td>");
-        if (cell.percentage) {
-            rows.add("<td>", Tenths{*cell.percentage},
-                     "</td><td class=\"picture\"><svg class=\"share\" aria-hidden=\"true\"><rect "
-                     "width=\"",
-                     widthPlace(axis.place(*cell.percentage)), "\" height=\"10\"/></svg></td>");
-        } else {
-            rows.add("<td></td><td class=\"picture\"></td>");
-        }
-        rows.add("</tr>");
+                 assignment.value, "</td>", percentCell("percent", cell.percentage),
+                 "<td class=\"picture\">");
+        if (cell.percentage) rows.add(shareBar(axis.place(*cell.percentage)));
+        rows.add("</td></tr>");
     }
     return Html().add(
         "<section>", partHeading(level, Html().add("scores"), Html().add("Every score"), Html()),

@@ -36,13 +36,38 @@ TEST_F(PageTest, ShowsTheFiguresOfTheClass) {
           "M. Rivera", "3/4/2026", "<b>90.5<small>%</small></b> <i>B</i>",
           "3 students, 4 assignments, 1 excused score", "2 empty cells</a>",
           // what is missing
-          ">1 empty cell counts as no points", ">Roe, Rick</th><td class=\"cost\">1</td>",
+          ">1 empty cell counts as no points of the full value. Left out are assignments worth 0, "
+          "where an empty cell costs nothing: Bonus (1).<",
+          ">Roe, Rick</th><td class=\"cost\">1</td>",
           // a student's and an assignment's row
           ">Doe, Jane</th>", "<td class=\"earned\">115</td><td class=\"possible\">120</td>",
           "<td class=\"percent\">95.8</td><td class=\"grade\">A</td><td class=\"rank\">2</td>",
           ">Essay, long</th><td class=\"value\">50</td><td class=\"percent\">90.2</td>"}) {
         EXPECT_TRUE(has(run.output, text)) << text;
     }
+}
+
+TEST_F(PageTest, TiesAreDotsSideBySideJoined) {
+    write("ties.csv", "Name,Alias,Quiz\nValue,,20\nDoe,,15\nRoe,,16\nPoe,,15\nNoe,,18\n");
+    EXPECT_EQ(qrv("import ties.csv -o ties.qrv").exitCode, 0);
+    const std::string page = qrv("page ties.qrv").output;
+    for (const char* text :
+         {"<path d=\"M490 -10h20\"/><circle cx=\"490\" cy=\"-10\" r=\"8.5\"><title>Doe: 75, "
+          "D</title>",
+          "<circle cx=\"510\" cy=\"-10\" r=\"8.5\"><title>Poe: 75, D</title>",
+          "</circle><circle cx=\"600\" cy=\"-10\" r=\"8.5\"><title>Roe: 80, C</title>"}) {
+        EXPECT_TRUE(has(page, text)) << text;
+    }
+}
+
+TEST_F(PageTest, WhatIsEmptyWhereNothingIsWorthAnythingIsNotMissing) {
+    write("free.csv", "Name,Alias,Bonus,Extra\nValue,,0,0\nDoe,,,1\nRoe,,,E\n");
+    EXPECT_EQ(qrv("import free.csv -o free.qrv").exitCode, 0);
+    const std::string page = qrv("page free.qrv").output;
+    EXPECT_TRUE(has(page,
+                    "Nothing that costs points. Left out are assignments worth 0, where an "
+                    "empty cell costs nothing: Bonus (2)."));
+    EXPECT_FALSE(has(page, "class=\"gaps\""));
 }
 
 TEST_F(PageTest, NeedsNothingButItself) {
@@ -174,7 +199,7 @@ TEST_F(PageTest, SeveralSheetsAreOnePageWithAListOfContents) {
          {"<title>North High</title>", "<h1>North High</h1>", "2 classes, 4 students",
           "<a href=\"#class-1\">Math - 1</a>", "<a href=\"#class-2\">Art</a>",
           "<article id=\"class-2\"", "<h2 id=\"class-2-title\">Art</h2>",
-          "<td>3</td><td>90.5</td><td class=\"grade\">B</td><td>2</td>"}) {
+          "<td>3</td><td class=\"percent\">90.5</td><td class=\"grade\">B</td><td>2</td>"}) {
         EXPECT_TRUE(has(page, text)) << text;
     }
     EXPECT_TRUE(has(qrv("page class.qrv art.qrv").output, "<h1>Classes</h1>"));

@@ -45,8 +45,9 @@ class Page(HTMLParser):
         if not self.open:
             return
         tag, names = self.open[-1]
-        if tag == "td" and names in FIGURES and ("table", "students") in self.open:
-            self.students[-1][names] = data
+        kind = names.partition(" ")[0]
+        if tag == "td" and kind in FIGURES and ("table", "students") in self.open:
+            self.students[-1][kind] = data
         if tag in ("b", "i") and ("p", "average") in self.open:
             self.average.append(data)
 

@@ -16,7 +16,7 @@ void mnuHowToUse(CommandContext& context) {
 
 void mnuAbout(CommandContext& context) {
     const std::string text =
-        std::string(programName) + "\r\nVersion " + std::string(programVersion());
+        std::string(programName).append("\r\nVersion ").append(programVersion());
     context.ports.dialogs.message(
         {.text = text, .title = "About the Quorvel", .icon = Icon::Information});
 }

@@ -27,8 +27,9 @@ GradeSheet sampleClass(int students, int assignments) {
     sheet.recreate(students, assignments);
     for (int student = 1; student <= students; ++student) {
         const std::string number = std::to_string(student);
-        sheet.setStudent(student, std::to_string(random() % 9000 + 1000) + "Name, Given " + number,
-                         "Alias " + number);
+        sheet.setStudent(
+            student, std::to_string(random() % 9000 + 1000).append("Name, Given ").append(number),
+            "Alias " + number);
     }
     for (int assignment = 1; assignment <= assignments; ++assignment) {
         sheet.setAssignment(assignment, "Quiz " + std::to_string(assignment), valueOfAnAssignment);

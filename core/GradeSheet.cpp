@@ -108,6 +108,13 @@ void GradeSheet::setScore(int assignment, int student, const TaggedView& value) 
     changed.scores.setValue(student, value);
 }
 
+void GradeSheet::setScores(int assignment, int firstStudent, std::span<const SmallValue> values) {
+    Assignment& changed = column(assignment);
+    checkNumber("Student", firstStudent, studentCount());
+    checkNumber("Student", firstStudent + static_cast<int>(values.size()) - 1, studentCount());
+    changed.scores.setValues(firstStudent, values);
+}
+
 void GradeSheet::addStudent(std::string_view name, std::string_view alias) {
     checkRoom("students", studentCount());
     students_.push_back({.name = std::string(name), .alias = std::string(alias), .figures = {}});
@@ -182,8 +189,8 @@ void GradeSheet::sortRoster(const CodePage& codePage) {
 
 void GradeSheet::recomputeFigures(const GradingScale& scale) {
     if (students_.empty()) return;
-    std::vector<std::int32_t> earned(students_.size());
-    std::vector<std::int32_t> possible(students_.size());
+    std::vector<std::int16_t> earned(students_.size());
+    std::vector<std::int16_t> possible(students_.size());
     for (const Assignment& assignment : assignments_)
         assignment.scores.addPoints(assignment.value, earned, possible);
 
@@ -196,8 +203,8 @@ void GradeSheet::recomputeFigures(const GradingScale& scale) {
     }
     const std::vector<int> ranks = ranksOf(percentages);
     for (std::size_t i = 0; i < students_.size(); ++i)
-        students_[i].figures = {.pointsEarned = static_cast<std::int16_t>(earned[i]),
-                                .pointsPossible = static_cast<std::int16_t>(possible[i]),
+        students_[i].figures = {.pointsEarned = earned[i],
+                                .pointsPossible = possible[i],
                                 .percentageTenths = percentages[i],
                                 .letterGrade = thresholds.letterFor(percentages[i]),
                                 .rank = ranks[i]};

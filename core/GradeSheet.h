@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -61,6 +62,8 @@ class GradeSheet {
     void setScore(int assignment, int student, const Score& score) {
         setScore(assignment, student, score.view());
     }
+    /// The scores of neighbouring students: at least one, none of which is elsewhere.
+    void setScores(int assignment, int firstStudent, std::span<const SmallValue> values);
 
     /// The new student's cells are empty. Throws SheetFullError.
     void addStudent(std::string_view name, std::string_view alias);

@@ -1,54 +1,16 @@
 #include "core/ScoreColumn.h"
 
 #include <algorithm>
-#include <cstring>
-#include <limits>
-#include <type_traits>
 #include <utility>
 #include <variant>
+
+#include "core/PointSums.h"
 
 namespace quorvel {
 
 namespace {
 
-// The bits of packed points, from the lowest: the fraction, the two marks, the whole part.
-constexpr std::int32_t fractionMask = 3;
-constexpr std::int32_t excusedBit = 4;
-constexpr std::int32_t emptyBit = 8;
-constexpr int wholeShift = 4;
-
-/// The types of a cell. A text too long for its cell has a length above what the cell holds.
-enum class CellType : std::uint8_t { Empty, Short, Long, Single, Double, Text };
-constexpr std::uint8_t longText = 0xFF;
-
-constexpr std::int32_t packed(const CellPoints& points) {
-    return points.whole * (1 << wholeShift) + static_cast<std::int32_t>(points.fraction) +
-           (points.excused ? excusedBit : 0) + (points.empty ? emptyBit : 0);
-}
-
-/// Whether the whole part is all there is to the reading.
-constexpr bool isExact(std::int32_t points) {
-    constexpr std::int32_t limit = CellPoints::wholeLimit * (1 << wholeShift);
-    return (points & fractionMask) == 0 && points > -limit && points < limit;
-}
-
-constexpr std::int32_t packedEmpty = packed(CellPoints{});
-constexpr std::int32_t packedZero = packed(CellPoints{.empty = false});
-
-constexpr std::int32_t smallestSum = std::numeric_limits<std::int16_t>::min();
-constexpr std::int32_t largestSum = std::numeric_limits<std::int16_t>::max();
-
-/// The value of a text of a few digits, which nearly every score is; -1 for any other.
-std::int32_t fewDigits(std::string_view text) {
-    constexpr std::size_t few = 6;
-    if (text.empty() || text.size() > few) return -1;
-    std::int32_t number = 0;
-    for (const char character : text) {
-        if (character < '0' || character > '9') return -1;
-        number = number * 10 + (character - '0');
-    }
-    return number;
-}
+constexpr PackedPoints packedZero = packed(CellPoints{.empty = false});
 
 bool isEmpty(const TaggedView& value) {
     return std::holds_alternative<std::monostate>(value);
@@ -59,42 +21,8 @@ bool isZero(const TaggedView& value) {
     return number != nullptr && *number == 0;
 }
 
-CellPoints pointsOf(const TaggedView& value) {
-    CellPoints points;
-    points.empty = isEmpty(value);
-    if (points.empty) return points;
-    if (const auto* const number = std::get_if<std::int16_t>(&value)) {
-        points.whole = *number;
-        return points;
-    }
-    if (const auto* const text = std::get_if<std::string_view>(&value)) {
-        points.whole = fewDigits(*text);
-        if (points.whole >= 0) return points;
-        points.whole = 0;
-        points.excused = *text == Score::excusedMark;
-        if (points.excused) return points;
-    }
-    const Decimal reading = readingOf(value);
-    points.whole = static_cast<std::int32_t>(std::clamp<std::int64_t>(
-        reading.toInteger(), -CellPoints::wholeLimit, CellPoints::wholeLimit));
-    points.fraction = reading.fraction();
-    return points;
-}
-
-template <typename Number>
-Number numberFrom(const std::array<char, 8>& payload) {
-    Number number{};
-    std::memcpy(&number, payload.data(), sizeof number);
-    return number;
-}
-
 std::size_t indexOf(int student) {
     return static_cast<std::size_t>(student) - 1;
-}
-
-/// 1 outside of the limits, else 0: numbers, since a loop over them has no branches.
-constexpr int outside(std::int32_t number, std::int32_t lowest, std::int32_t highest) {
-    return (number < lowest ? 1 : 0) | (number > highest ? 1 : 0);
 }
 
 }  // namespace
@@ -102,56 +30,22 @@ constexpr int outside(std::int32_t number, std::int32_t lowest, std::int32_t hig
 TaggedView ScoreColumn::value(int student) const {
     if (isUnstoredZero(student)) return std::int16_t{0};
     if (student > storedCount()) return {};
-    const Cell& cell = cells_[indexOf(student)];
-    switch (static_cast<CellType>(cell.type)) {
-        case CellType::Short:
-            return numberFrom<std::int16_t>(cell.payload);
-        case CellType::Long:
-            return numberFrom<std::int32_t>(cell.payload);
-        case CellType::Single:
-            return numberFrom<float>(cell.payload);
-        case CellType::Double:
-            return numberFrom<double>(cell.payload);
-        case CellType::Text:
-            return cell.textLength == longText
-                       ? std::string_view(longTexts_.at(student))
-                       : std::string_view(cell.payload.data(), cell.textLength);
-        case CellType::Empty:
-            break;
-    }
-    return {};
+    const SmallValue& cell = cells_[indexOf(student)];
+    return cell.isElsewhere() ? viewOf(largeCells_.at(student).value) : cell.view();
 }
 
 CellPoints ScoreColumn::points(int student) const {
-    CellPoints points;
-    if (student > storedCount()) {
-        points.empty = !isUnstoredZero(student);
-        return points;
-    }
-    const PackedPoints bits = points_[indexOf(student)];
-    points.whole = bits >> wholeShift;
-    points.fraction = static_cast<Fraction>(bits & fractionMask);
-    points.excused = (bits & excusedBit) != 0;
-    points.empty = (bits & emptyBit) != 0;
-    return points;
+    if (student > storedCount()) return {.empty = !isUnstoredZero(student)};
+    const std::size_t index = indexOf(student);
+    return cells_[index].isElsewhere() ? largeCells_.at(student).points : unpacked(points_[index]);
 }
 
-/// Puts a value that is no long text into the cell, where it lies: copies of so few bytes would
-/// have to wait for each other.
-void ScoreColumn::put(const TaggedView& value, Cell& cell) {
-    cell.type = static_cast<std::uint8_t>(value.index());
-    cell.textLength = 0;
-    std::visit(
-        [&cell](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::string_view>) {
-                cell.textLength = static_cast<std::uint8_t>(held.size());
-                std::memcpy(cell.payload.data(), held.data(), held.size());
-            } else if constexpr (!std::is_same_v<Held, std::monostate>) {
-                std::memcpy(cell.payload.data(), &held, sizeof held);
-            }
-        },
-        value);
+std::span<const SmallValue> ScoreColumn::smallValues(int first, int last) const {
+    const auto large = largeCells_.lower_bound(first);
+    const int beforeLarge = large == largeCells_.end() ? last : large->first - 1;
+    const int end = std::min({last, beforeLarge, storedCount()});
+    if (end < first) return {};
+    return std::span(cells_).subspan(indexOf(first), static_cast<std::size_t>(end - first) + 1);
 }
 
 void ScoreColumn::setValue(int student, const TaggedView& value) {
@@ -159,17 +53,34 @@ void ScoreColumn::setValue(int student, const TaggedView& value) {
         if (holdsUnstored(student, value)) return;
         storeThrough(student);
     }
-    const PackedPoints points = packed(pointsOf(value));
-    Cell& changed = cells_[indexOf(student)];
-    const auto* const text = std::get_if<std::string_view>(&value);
-    if (text != nullptr && text->size() > changed.payload.size()) {
-        longTexts_.insert_or_assign(student, std::string(*text));
-        changed = {.type = static_cast<std::uint8_t>(CellType::Text), .textLength = longText};
+    const CellPoints points = pointsOf(value);
+    SmallValue& cell = cells_[indexOf(student)];
+    if (SmallValue::fits(value) && canBePacked(points)) {
+        const SmallValue small(value);
+        if (cell.isElsewhere()) largeCells_.erase(student);
+        cell = small;
+        points_[indexOf(student)] = packed(points);
     } else {
-        if (changed.textLength == longText) longTexts_.erase(student);
-        put(value, changed);
+        largeCells_.insert_or_assign(student, LargeCell{valueOf(value), points});
+        cell = SmallValue::elsewhere();
+        points_[indexOf(student)] = packedAbsent;
     }
-    points_[indexOf(student)] = points;
+}
+
+void ScoreColumn::setValues(int first, std::span<const SmallValue> values) {
+    const int last = first + static_cast<int>(values.size()) - 1;
+    if (last > storedCount()) storeThrough(last);
+    largeCells_.erase(largeCells_.lower_bound(first), largeCells_.upper_bound(last));
+    for (int student = first; student <= last; ++student) {
+        const SmallValue& value = values[static_cast<std::size_t>(student - first)];
+        const CellPoints points{.whole = value.fewDigits(), .empty = false};
+        if (canBePacked(points)) {
+            cells_[indexOf(student)] = value;
+            points_[indexOf(student)] = packed(points);
+        } else {
+            setValue(student, value.view());
+        }
+    }
 }
 
 /// Whether a cell behind the stored ones holds the value without being stored, as it does when a 0
@@ -184,25 +95,25 @@ bool ScoreColumn::holdsUnstored(int student, const TaggedView& value) {
 
 /// Stores the cells up to `student` as they are. Requires student > storedCount().
 void ScoreColumn::storeThrough(int student) {
-    // One more than there are points for is what an earlier lack of memory left.
+    const int zeros = std::min(zeroCount_, student - storedCount());
+    // The points last, since they tell how many cells are stored: an earlier lack of memory may
+    // have left more of the others.
     cells_.resize(points_.size());
-    while (storedCount() < student) {
-        cells_.emplace_back();
-        points_.push_back(packedEmpty);
-        if (zeroCount_ == 0) continue;
-        setZero(points_.size() - 1);
-        --zeroCount_;
-    }
+    cells_.resize(static_cast<std::size_t>(student));
+    const std::size_t stored = points_.size();
+    points_.resize(cells_.size(), packedAbsent);
+    for (int zero = 0; zero < zeros; ++zero) setZero(stored + static_cast<std::size_t>(zero));
+    zeroCount_ -= zeros;
 }
 
 void ScoreColumn::setZero(std::size_t index) {
-    cells_[index] = {.type = static_cast<std::uint8_t>(CellType::Short)};
+    cells_[index] = SmallValue(std::int16_t{0});
     points_[index] = packedZero;
 }
 
 void ScoreColumn::fillEmpty(int studentCount) {
-    for (std::size_t i = 0; i < points_.size(); ++i)
-        if ((points_[i] & emptyBit) != 0) setZero(i);
+    for (std::size_t i = 0; i < cells_.size(); ++i)
+        if (cells_[i].isEmpty()) setZero(i);
     zeroCount_ = std::max(0, studentCount - storedCount());
 }
 
@@ -210,7 +121,7 @@ void ScoreColumn::shrinkTo(int studentCount) {
     if (studentCount < storedCount()) {
         points_.resize(static_cast<std::size_t>(studentCount));
         cells_.resize(static_cast<std::size_t>(studentCount));
-        longTexts_.erase(longTexts_.upper_bound(studentCount), longTexts_.end());
+        largeCells_.erase(largeCells_.upper_bound(studentCount), largeCells_.end());
     }
     zeroCount_ = std::min(zeroCount_, studentCount - storedCount());
 }
@@ -222,12 +133,12 @@ void ScoreColumn::remove(int student) {
     }
     points_.erase(points_.begin() + student - 1);
     cells_.erase(cells_.begin() + student - 1);
-    longTexts_.erase(student);
-    // In ascending order, so that each text moves into a place that is free already.
-    for (auto text = longTexts_.upper_bound(student); text != longTexts_.end();) {
-        auto node = longTexts_.extract(text++);
+    largeCells_.erase(student);
+    // In ascending order, so that each moves into a place that is free already.
+    for (auto cell = largeCells_.upper_bound(student); cell != largeCells_.end();) {
+        auto node = largeCells_.extract(cell++);
         --node.key();
-        longTexts_.insert(std::move(node));
+        largeCells_.insert(std::move(node));
     }
 }
 
@@ -246,7 +157,7 @@ void ScoreColumn::reorder(std::span<const int> order) {
 /// The last place in the order that a stored value comes to; 0 without one.
 int ScoreColumn::lastStoredIn(std::span<const int> order) const {
     const auto isStored = [this](int student) {
-        return student <= storedCount() && !points(student).empty;
+        return student <= storedCount() && !cells_[indexOf(student)].isEmpty();
     };
     const auto last = std::ranges::find_if(order.rbegin(), order.rend(), isStored);
     return static_cast<int>(order.rend() - last);
@@ -255,7 +166,7 @@ int ScoreColumn::lastStoredIn(std::span<const int> order) const {
 /// Fills a column that is still empty with the cells of these students.
 void ScoreColumn::takeStored(const ScoreColumn& from, std::span<const int> order) {
     cells_.resize(order.size());
-    points_.resize(order.size(), packedEmpty);
+    points_.resize(order.size(), packedAbsent);
     for (std::size_t i = 0; i < order.size(); ++i) {
         const int source = order[i];
         if (source > from.storedCount()) {
@@ -264,47 +175,34 @@ void ScoreColumn::takeStored(const ScoreColumn& from, std::span<const int> order
         }
         cells_[i] = from.cells_[indexOf(source)];
         points_[i] = from.points_[indexOf(source)];
-        if (cells_[i].textLength == longText)
-            longTexts_.emplace(static_cast<int>(i) + 1, from.longTexts_.at(source));
+        if (cells_[i].isElsewhere())
+            largeCells_.emplace(static_cast<int>(i) + 1, from.largeCells_.at(source));
     }
 }
 
-void ScoreColumn::addPoints(std::int16_t value, std::span<std::int32_t> earned,
-                            std::span<std::int32_t> possible) const {
-    // From sums outside of these the value would lead out of 16 bits.
-    const std::int32_t lowest = smallestSum - std::min<std::int32_t>(value, 0);
-    const std::int32_t highest = largestSum - std::max<std::int32_t>(value, 0);
-    const std::size_t stored = std::min(points_.size(), earned.size());
-    for (std::size_t i = 0; i < stored; ++i) {
-        const PackedPoints points = points_[i];
-        const std::int32_t whole = earned[i] + (points >> wholeShift);
-        // The fractions are numbered so that this is 1 above one half, and at one half beside an
-        // odd whole number: halves go to the even neighbour.
-        const std::int32_t sum = whole + (((points & fractionMask) + (whole & 1) + 1) >> 2);
-        earned[i] = outside(sum, smallestSum, largestSum) != 0 ? earned[i] : sum;
-        const int isExcused = (points & excusedBit) != 0 ? 1 : 0;
-        possible[i] += (isExcused | outside(possible[i], lowest, highest)) != 0 ? 0 : value;
-    }
-    if (value == 0) return;
-    for (std::size_t i = stored; i < possible.size(); ++i)
-        possible[i] += outside(possible[i], lowest, highest) != 0 ? 0 : value;
+void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
+                            std::span<std::int16_t> possible) const {
+    const auto cells = std::span(points_).first(std::min(points_.size(), earned.size()));
+    addEarned(cells, earned);
+    addPossible(value, cells, possible);
+    for (const auto& [student, cell] : largeCells_)
+        if (indexOf(student) < cells.size()) addEarned(cell.points, earned[indexOf(student)]);
 }
 
 ScoreColumn::NumericSum ScoreColumn::numericSum() const {
-    NumericSum numeric{.sum = {}, .count = zeroCount_};
-    std::int64_t wholeSum = 0;
-    int others = 0;
-    for (const PackedPoints points : points_) {
-        const int counts = (points & (excusedBit | emptyBit)) == 0 ? 1 : 0;
-        const int isWhole = isExact(points) ? 1 : 0;
-        numeric.count += counts;
-        wholeSum += (counts & isWhole) != 0 ? points >> wholeShift : 0;
-        others |= counts & ~isWhole;
+    const PackedSum packedSum = sumOf(points_);
+    NumericSum numeric{.sum = {}, .count = zeroCount_ + packedSum.count};
+    std::int64_t wholeSum = packedSum.wholeParts;
+    for (std::size_t i = 0; i < points_.size(); ++i) {
+        if (!hasFraction(points_[i])) continue;
+        wholeSum -= points_[i] >> packedWholeShift;
+        numeric.sum += readingOf(cells_[i].view());
     }
-    numeric.sum = Decimal(wholeSum);
-    // What does not count is a whole 0.
-    for (int student = 1; others != 0 && student <= storedCount(); ++student)
-        if (!isExact(points_[indexOf(student)])) numeric.sum += readingOf(value(student));
+    numeric.sum += Decimal(wholeSum);
+    for (const auto& [student, cell] : largeCells_) {
+        numeric.sum += readingOf(viewOf(cell.value));
+        ++numeric.count;
+    }
     return numeric;
 }
 

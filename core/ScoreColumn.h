@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <span>
@@ -8,22 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "core/CellPoints.h"
 #include "core/Score.h"
+#include "core/SmallValue.h"
 
 namespace quorvel {
-
-/// What one cell adds to a student's points earned, found once when the score is stored.
-struct CellPoints {
-    /// Where the whole part stops.
-    static constexpr std::int32_t wholeLimit = 1'000'000;
-
-    /// The greatest whole number not above the reading; beyond the limit, up or down, it stops
-    /// there, which no 16-bit sum can take anyway.
-    std::int32_t whole = 0;
-    Fraction fraction = Fraction::None;
-    bool excused = false;
-    bool empty = true;
-};
 
 /// The scores of one assignment, for students 1 to any number: stored cells first, behind them
 /// zeros of which only the number is kept, and behind those empty cells. So a column without a
@@ -35,10 +23,16 @@ class ScoreColumn {
     /// Lies in the column until that changes.
     TaggedView value(int student) const;
     CellPoints points(int student) const;
+    /// The values of the students from `first` to at most `last` as they are stored, up to one that
+    /// is no small value or is not stored. Lie in the column until that changes.
+    std::span<const SmallValue> smallValues(int first, int last) const;
 
     void setScore(int student, const Score& score) { setValue(student, score.view()); }
     /// A column that finds no memory stays as it was.
     void setValue(int student, const TaggedView& value);
+    /// Sets the cells of the students from `first` on, at least one, all of which are then stored.
+    /// A column that finds no memory holds some of the values.
+    void setValues(int first, std::span<const SmallValue> values);
 
     /// Puts the whole number 0 into every empty cell up to `studentCount`. Takes no memory.
     void fillEmpty(int studentCount);
@@ -53,8 +47,8 @@ class ScoreColumn {
     /// student after the other: an excused cell adds to neither, an empty one adds 0 to the earned.
     /// Each sum is rounded to a whole number, halves to even; an addition whose sum does not fit
     /// into 16 bits is skipped. Both spans hold one sum a student.
-    void addPoints(std::int16_t value, std::span<std::int32_t> earned,
-                   std::span<std::int32_t> possible) const;
+    void addPoints(std::int16_t value, std::span<std::int16_t> earned,
+                   std::span<std::int16_t> possible) const;
 
     /// The sum and the number of all numeric scores: neither excused nor empty ones count.
     struct NumericSum {
@@ -69,17 +63,12 @@ class ScoreColumn {
     int zeroCount() const { return zeroCount_; }
 
   private:
-    /// A CellPoints in 32 bits, since every recomputation reads all of them.
-    using PackedPoints = std::int32_t;
-
-    /// 10 bytes a cell: the value itself where it is small, which every usual score is.
-    struct Cell {
-        std::uint8_t type = 0;
-        std::uint8_t textLength = 0;
-        std::array<char, 8> payload{};  // number bits, or a text of up to 8 characters
+    /// A value that does not fit into a small one, or whose points cannot be packed.
+    struct LargeCell {
+        TaggedValue value;
+        CellPoints points;
     };
 
-    static void put(const TaggedView& value, Cell& cell);
     bool holdsUnstored(int student, const TaggedView& value);
     bool isUnstoredZero(int student) const {
         return student > storedCount() && student <= storedCount() + zeroCount_;
@@ -91,9 +80,9 @@ class ScoreColumn {
 
     /// A cell's points and its value, one of each for every stored cell.
     std::vector<PackedPoints> points_;
-    std::vector<Cell> cells_;
-    /// Texts that do not fit into their cell, by student.
-    std::map<int, std::string> longTexts_;
+    std::vector<SmallValue> cells_;
+    /// Those that are elsewhere, by student.
+    std::map<int, LargeCell> largeCells_;
     int zeroCount_ = 0;
 };
 

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -27,40 +26,26 @@ enum class TypeTag : std::uint16_t {
 };
 
 constexpr std::size_t tagSize = sizeof(TypeTag);
+/// Where the text of a tagged value starts, behind its type and its length.
+constexpr std::size_t textStart = recordSize - longestTaggedText;
 static_assert(blockSize % recordSize == 0);
 
-/// The little-endian number at the start of `bytes`; nothing when they are too few.
+static_assert(std::endian::native == std::endian::little, "numbers are stored as they are held");
+
+/// The number at the start of `bytes`; nothing when they are too few.
 template <typename Number>
 inline std::optional<Number> numberAt(std::span<const std::byte> bytes) {
     if (bytes.size() < sizeof(Number)) return std::nullopt;
-    std::uint64_t bits = 0;
-    for (std::size_t index = 0; index < sizeof(Number); ++index) {
-        bits |= std::to_integer<std::uint64_t>(bytes[index]) << (8 * index);
-    }
-    if constexpr (std::is_same_v<Number, float>) {
-        return std::bit_cast<float>(static_cast<std::uint32_t>(bits));
-    } else if constexpr (std::is_same_v<Number, double>) {
-        return std::bit_cast<double>(bits);
-    } else {
-        return static_cast<Number>(bits);
-    }
+    Number number{};
+    std::memcpy(&number, bytes.data(), sizeof number);
+    return number;
 }
 
-/// Puts a number at the start of `target`, little-endian, and gives what is left behind it.
+/// Puts a number at the start of `target` and gives what is left behind it.
 template <typename Number>
 inline std::span<std::byte> put(std::span<std::byte> target, Number number) {
-    std::uint64_t bits = 0;
-    if constexpr (std::is_same_v<Number, float>) {
-        bits = std::bit_cast<std::uint32_t>(number);
-    } else if constexpr (std::is_same_v<Number, double>) {
-        bits = std::bit_cast<std::uint64_t>(number);
-    } else {
-        bits = static_cast<std::uint64_t>(number);
-    }
-    for (std::size_t index = 0; index < sizeof(Number); ++index) {
-        target[index] = static_cast<std::byte>(bits >> (8 * index));
-    }
-    return target.subspan(sizeof(Number));
+    std::memcpy(target.data(), &number, sizeof number);
+    return target.subspan(sizeof number);
 }
 
 void putText(std::span<std::byte> target, std::string_view text, std::size_t longest) {
@@ -187,6 +172,21 @@ TaggedView RecordReader::taggedView() {
     return {};
 }
 
+std::size_t RecordReader::smallTexts(std::span<SmallValue> target) {
+    const std::size_t most = std::min(target.size(), bytes_.size() / recordSize);
+    std::size_t count = 0;
+    for (; count < most; ++count) {
+        const auto record = bytes_.subspan(count * recordSize).first<recordSize>();
+        const auto length = *numberAt<std::uint16_t>(record.subspan<tagSize>());
+        if (*numberAt<TypeTag>(record) != TypeTag::Text || length > SmallValue::longestText) break;
+        target[count].setText(*numberAt<SmallValue::Characters>(record.subspan<textStart>()),
+                              length);
+    }
+    bytes_ = bytes_.subspan(count * recordSize);
+    present_ += count;
+    return count;
+}
+
 std::span<std::byte> RecordWriter::nextRecord() {
     bytes_.resize(bytes_.size() + recordSize);
     return std::span(bytes_).last(recordSize);
@@ -204,9 +204,36 @@ void RecordWriter::taggedView(const TaggedView& value) {
     std::visit(TaggedValuePutter{nextRecord()}, value);
 }
 
+void RecordWriter::smallValues(std::span<const SmallValue> values) {
+    const std::size_t start = bytes_.size();
+    bytes_.resize(start + values.size() * recordSize);
+    auto rest = std::span(bytes_).subspan(start);
+    for (const SmallValue& value : values) {
+        const auto record = rest.first<recordSize>();
+        if (value.isText()) {
+            // With the zeros behind it, so that nobody needs to look how long it is.
+            const auto length = static_cast<std::uint16_t>(value.text().size());
+            put(put(put(record, TypeTag::Text), length), value.characters());
+        } else {
+            std::visit(TaggedValuePutter{record}, value.view());
+        }
+        rest = rest.subspan(recordSize);
+    }
+}
+
 RecordWriter& RecordStream::next() {
     if (block_.bytes().size() >= blockSize) finish();
     return block_;
+}
+
+void RecordStream::smallValues(std::span<const SmallValue> values) {
+    while (!values.empty() && !failed_) {
+        RecordWriter& block = next();
+        const std::size_t room = (blockSize - block.bytes().size()) / recordSize;
+        const auto fitting = values.first(std::min(values.size(), room));
+        block.smallValues(fitting);
+        values = values.subspan(fitting.size());
+    }
 }
 
 void RecordStream::finish() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/SmallValue.h"
 #include "core/TaggedValue.h"
 #include "core/ports/Files.h"
 
@@ -45,6 +46,10 @@ class RecordReader {
     TaggedValue taggedValue() { return valueOf(taggedView()); }
     /// The same where it lies, until the next one is read.
     TaggedView taggedView();
+    /// Fills `target` with the values of the next records as long as they are texts that a small
+    /// value has room for, and at hand as a whole. How many it got, which may be none; a record
+    /// that is anything else is left to be read.
+    std::size_t smallTexts(std::span<SmallValue> target);
 
     /// True once the next record would start at or behind the end of the bytes.
     bool atEnd() { return bytes_.empty() && !refill(); }
@@ -94,6 +99,8 @@ class RecordWriter {
     void text(std::string_view value);
     void taggedValue(const TaggedValue& value) { taggedView(viewOf(value)); }
     void taggedView(const TaggedView& value);
+    /// Writes a record for each. None may be elsewhere.
+    void smallValues(std::span<const SmallValue> values);
 
     std::span<const std::byte> bytes() const { return bytes_; }
     /// Starts over without giving the memory back.
@@ -113,6 +120,8 @@ class RecordStream {
 
     /// What the next value is to be written into; it is not to be kept.
     RecordWriter& next();
+    /// Writes a record for each. None may be elsewhere.
+    void smallValues(std::span<const SmallValue> values);
     /// Writes whole records as they are.
     void add(std::span<const std::byte> records);
     /// Hands on what is still held.

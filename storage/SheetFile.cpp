@@ -1,7 +1,10 @@
 #include "storage/SheetFile.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <variant>
@@ -13,6 +16,9 @@
 namespace quorvel {
 
 namespace {
+
+/// How many scores wait to be stored together.
+constexpr std::size_t scoresAtATime = 1024;
 
 static_assert(Score::longestText == longestTaggedText, "what can be typed is kept");
 
@@ -56,8 +62,19 @@ class SheetReader {
         sheet_.sheetTitle = reader_.text();
         sheet_.recreate(students_, assignments_);
     }
-    void score(int assignment, int student) {
-        sheet_.setScore(assignment, student, reader_.taggedView());
+    bool scores(int assignment, int students) {
+        for (int student = 1; student <= students;) {
+            if (!goesOn()) return false;
+            const auto wanted = static_cast<std::size_t>(students - student + 1);
+            const auto texts = std::span(texts_).first(std::min(texts_.size(), wanted));
+            const std::size_t count = reader_.smallTexts(texts);
+            if (count > 0)
+                sheet_.setScores(assignment, student, texts.first(count));
+            else
+                sheet_.setScore(assignment, student, reader_.taggedView());
+            student += std::max(1, static_cast<int>(count));
+        }
+        return true;
     }
     void studentName(int) { name_ = reader_.text(); }
     void studentAlias(int student) { sheet_.setStudent(student, name_, reader_.text()); }
@@ -72,6 +89,7 @@ class SheetReader {
     std::optional<int> students_;
     std::optional<int> assignments_;
     std::string name_;  // waits for what stands in the record behind it
+    std::array<SmallValue, scoresAtATime> texts_;
 };
 
 /// Stops at the first record that is damaged and keeps only what a check tells.
@@ -85,7 +103,13 @@ class SheetChecker {
     void sheetTitle() {
         if (isWhole()) check_.sheetTitle = reader_.text();
     }
-    void score(int, int) { reader_.taggedView(); }
+    bool scores(int, int students) {
+        for (int student = 1; student <= students; ++student) {
+            if (!goesOn()) return false;
+            reader_.taggedView();
+        }
+        return true;
+    }
     void studentName(int) { reader_.text(); }
     void studentAlias(int) { reader_.text(); }
     void assignmentName(int) { reader_.text(); }
@@ -111,8 +135,16 @@ class SheetWriter {
     int studentCount() { return count(sheet_.studentCountIfSet()); }
     int assignmentCount() { return count(sheet_.assignmentCountIfSet()); }
     void sheetTitle() { stream_.next().text(sheet_.sheetTitle); }
-    void score(int assignment, int student) {
-        stream_.next().taggedView(sheet_.scores(assignment).value(student));
+    bool scores(int assignment, int students) {
+        const ScoreColumn& column = sheet_.scores(assignment);
+        for (int student = 1; student <= students;) {
+            if (!goesOn()) return false;
+            const auto values = column.smallValues(student, students);
+            stream_.smallValues(values);
+            student += static_cast<int>(values.size());
+            if (values.empty()) stream_.next().taggedView(column.value(student++));
+        }
+        return true;
     }
     void studentName(int student) { stream_.next().text(sheet_.studentName(student)); }
     void studentAlias(int student) { stream_.next().text(sheet_.studentAlias(student)); }

@@ -348,13 +348,14 @@ TEST(ScoreColumn, MovesItsZerosWithTheirStudents) {
 TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
     std::mt19937 random(14);
     const Score values[] = {Score(), Score::zero(), Score::zero(), text("5"), text(longText)};
+    const Score smallOnes[] = {Score(), Score::zero(), text("5"), text("-1"), text("99999999")};
     constexpr int most = 12;
     for (int round = 0; round < 300; ++round) {
         ScoreColumn column;
         std::vector<Score> plain(most);
         const auto student = [&] { return static_cast<int>(random() % plain.size()) + 1; };
         for (int step = 0; step < 30 && plain.size() > 2; ++step) {
-            const auto action = random() % 12;
+            const auto action = random() % 13;
             if (action < 8) {
                 const int s = student();
                 const Score& value = values[random() % std::size(values)];
@@ -371,6 +372,16 @@ TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
             } else if (action == 10) {
                 plain.pop_back();
                 column.shrinkTo(static_cast<int>(plain.size()));
+            } else if (action == 11) {
+                const int first = student();
+                std::vector<SmallValue> taken;
+                const int last = std::max(first, student());
+                for (int s = first; s <= last; ++s) {
+                    const Score& value = smallOnes[random() % std::size(smallOnes)];
+                    taken.emplace_back(value.view());
+                    plain[static_cast<std::size_t>(s) - 1] = value;
+                }
+                column.setValues(first, taken);
             } else {
                 std::vector<int> order(plain.size());
                 std::iota(order.begin(), order.end(), 1);
@@ -390,16 +401,87 @@ TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
     }
 }
 
+std::vector<SmallValue> smallValues(const std::vector<Score>& scores) {
+    std::vector<SmallValue> values;
+    for (const Score& score : scores) values.emplace_back(score.view());
+    return values;
+}
+
+TEST(ScoreColumn, TakesTheValuesOfManyStudentsAtOnce) {
+    const std::vector<Score> scores{text("17"), text("0"),   text("007"), text("4096"),
+                                    text("E"),  text("7.5"), text("-3"),  text("absent"),
+                                    Score(),    number(7),   text(""),    text("12345678")};
+    ScoreColumn column;
+    column.setScore(2, text(longText));
+    column.setScore(3, text(longText));
+    column.setScore(20, text(longText));
+    column.setValues(3, smallValues(scores));
+    EXPECT_EQ(column.score(2), text(longText));
+    EXPECT_EQ(column.score(20), text(longText));
+    for (std::size_t i = 0; i < scores.size(); ++i) {
+        const int student = static_cast<int>(i) + 3;
+        EXPECT_EQ(column.score(student), scores[i]);
+        const CellPoints found = column.points(student);
+        const CellPoints expected = pointsOf(scores[i]);
+        EXPECT_EQ(found.whole, expected.whole) << scores[i].text();
+        EXPECT_EQ(found.fraction, expected.fraction) << scores[i].text();
+        EXPECT_EQ(found.excused, expected.excused) << scores[i].text();
+        EXPECT_EQ(found.empty, expected.empty) << scores[i].text();
+    }
+}
+
+TEST(ScoreColumn, TakesManyValuesBehindItsZerosAndInTheirPlace) {
+    ScoreColumn column;
+    column.fillEmpty(4);
+    column.setValues(4, smallValues({text("4"), text("5")}));
+    EXPECT_EQ(texts(column, 6), (Texts{"0", "0", "0", "4", "5", "-"}));
+    column.setValues(8, smallValues({text("8")}));
+    EXPECT_EQ(texts(column, 9), (Texts{"0", "0", "0", "4", "5", "-", "-", "8", "-"}));
+    EXPECT_EQ(column.storedCount(), 8);
+}
+
+TEST(ScoreColumn, GivesItsSmallValuesUpToTheFirstThatIsNone) {
+    ScoreColumn column;
+    column.setValues(1, smallValues({text("1"), text("2"), text("3"), text("4")}));
+    column.setScore(3, text(longText));
+    const auto found = [&column](int first, int last) {
+        Texts values;
+        for (const SmallValue& value : column.smallValues(first, last))
+            values.push_back(textOf(value.view()));
+        return values;
+    };
+    EXPECT_EQ(found(1, 4), (Texts{"1", "2"}));
+    EXPECT_EQ(found(1, 1), (Texts{"1"}));
+    EXPECT_EQ(found(3, 4), Texts());
+    EXPECT_EQ(found(4, 9), (Texts{"4"}));
+    EXPECT_EQ(found(5, 9), Texts());
+    column.setScore(2, text("5000"));
+    EXPECT_EQ(found(1, 4), (Texts{"1"})) << "its points are kept elsewhere, and so is it";
+}
+
+TEST(ScoreColumn, AddsItsLargeCellsToTheSumsOfTheirStudents) {
+    ScoreColumn column;
+    column.setScore(1, text("5000"));
+    column.setScore(2, text("-7.5"));
+    column.setScore(3, text(longText));
+    column.setScore(4, text("40000"));
+    std::vector<std::int16_t> earned{1, 2, 3, 4};
+    std::vector<std::int16_t> possible{10, 20, 30, 40};
+    column.addPoints(20, earned, possible);
+    EXPECT_EQ(earned, (std::vector<std::int16_t>{5001, -6, 3, 4}));
+    EXPECT_EQ(possible, (std::vector<std::int16_t>{30, 40, 50, 60}));
+}
+
 TEST(ScoreColumn, AddsItsCellsToTheSumsOfTheirStudents) {
     ScoreColumn column;
     column.setScore(1, text("17"));
     column.setScore(2, Score::excused());
     column.setScore(4, text("2.5"));
-    std::vector<std::int32_t> earned{1, 2, 3, 4, 5};
-    std::vector<std::int32_t> possible{10, 20, 30, 40, 50};
+    std::vector<std::int16_t> earned{1, 2, 3, 4, 5};
+    std::vector<std::int16_t> possible{10, 20, 30, 40, 50};
     column.addPoints(20, earned, possible);
-    EXPECT_EQ(earned, (std::vector<std::int32_t>{18, 2, 3, 6, 5}));
-    EXPECT_EQ(possible, (std::vector<std::int32_t>{30, 20, 50, 60, 70}));
+    EXPECT_EQ(earned, (std::vector<std::int16_t>{18, 2, 3, 6, 5}));
+    EXPECT_EQ(possible, (std::vector<std::int16_t>{30, 20, 50, 60, 70}));
 }
 
 }  // namespace

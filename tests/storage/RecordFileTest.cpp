@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "storage/RecordFile.h"
 #include "tests/fakes/MemoryFiles.h"
@@ -231,6 +232,77 @@ TEST(RecordReader, AShortenedTaggedTextIsEmptyWithoutItsLengthAndElseWhatThereIs
     EXPECT_EQ(readTagged(firstBytes(text, 4)), TaggedValue(std::string()));
     EXPECT_EQ(readTagged(firstBytes(text, 5)), TaggedValue(std::string("1")));
     EXPECT_EQ(readTagged(text), TaggedValue(std::string("17")));
+}
+
+std::vector<std::string> smallTextsOf(RecordReader& reader, std::size_t most) {
+    std::vector<SmallValue> values(most);
+    values.resize(reader.smallTexts(values));
+    std::vector<std::string> texts;
+    for (const SmallValue& value : values) texts.push_back(textOf(value.view()));
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(RecordReader, TakesSmallTextsTogetherUntilAnythingElseComes) {
+    const Bytes others[] = {emptyRecord(0xCC),
+                            taggedIntegerRecord(7, 0xCC),
+                            taggedTextRecord("123456789", 0xCC),
+                            recordWith(hex("08 01 01 00 31")),
+                            recordWith(hex("08 00 01 01 31")),
+                            firstBytes(taggedTextRecord("2"), 127)};
+    for (const Bytes& other : others) {
+        const Bytes bytes = joined({taggedTextRecord("17", 0xCC), taggedTextRecord("", 0xCC),
+                                    taggedTextRecord("12345678"), other});
+        RecordReader reader(bytes);
+        EXPECT_EQ(smallTextsOf(reader, 2), (Texts{"17", ""}));
+        EXPECT_EQ(smallTextsOf(reader, 9), (Texts{"12345678"}));
+        EXPECT_EQ(smallTextsOf(reader, 9), Texts());
+        EXPECT_EQ(reader.recordsPresent(), 3u);
+        EXPECT_FALSE(reader.firstDamage()) << "what comes next is still to be read";
+        EXPECT_EQ(reader.taggedValue(), readTagged(other));
+    }
+}
+
+TEST(RecordReader, HasNoSmallTextsAtHandBehindTheEnd) {
+    RecordReader reader(std::span<const std::byte>{});
+    EXPECT_EQ(smallTextsOf(reader, 9), Texts());
+    EXPECT_FALSE(reader.firstDamage());
+}
+
+TEST(RecordWriter, WritesSmallValuesAsTheSameRecords) {
+    const std::vector<TaggedValue> values{
+        {},   std::int16_t{-2}, std::int32_t{70000}, 0.75F,
+        -2.5, std::string(),    std::string("17"),   std::string("12345678")};
+    RecordWriter writer;
+    writer.integer(1);
+    std::vector<SmallValue> small;
+    Bytes expected = integerRecord(1);
+    for (const TaggedValue& value : values) {
+        small.emplace_back(viewOf(value));
+        expected = expected + written(value);
+    }
+    writer.smallValues(small);
+    EXPECT_EQ(Bytes(writer.bytes().begin(), writer.bytes().end()), expected);
+}
+
+TEST(RecordStream, HandsOnSmallValuesBlockByBlock) {
+    MemoryFiles files;
+    const auto file = files.openForWriting("/many");
+    RecordStream stream(*file);
+    std::vector<SmallValue> values;
+    Bytes expected = integerRecord(1);
+    for (int number = 0; number < 5000; ++number) {
+        const std::string text = std::to_string(number);
+        values.emplace_back(std::string_view(text));
+        expected = expected + taggedTextRecord(text);
+    }
+    stream.next().integer(1);
+    stream.smallValues(values);
+    EXPECT_GE(files.files["/many"].size() + 1024 * 1024, expected.size());
+    stream.finish();
+    EXPECT_FALSE(stream.failed());
+    EXPECT_EQ(files.files["/many"], expected);
 }
 
 TEST(RecordWriter, WritesOneRecordAValueAndFillsItWithZeros) {

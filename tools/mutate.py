@@ -28,6 +28,8 @@ class Workshop:
         # Where a compiler cache finds what was built elsewhere.
         self.build = self.sources / "build/dev"
         self.log = root / "build/mutation.log"
+        self.all_tests = ("ctest", "--test-dir", self.build, "--stop-on-failure", "-j",
+                          os.cpu_count())
 
     def prepare(self):
         self.copy_sources()
@@ -51,13 +53,13 @@ class Workshop:
             copy.write_bytes(content)
             copy.chmod(source.stat().st_mode)
 
-    def run(self, *command, cwd=None, check=False):
-        """Whether the command succeeds in time. What it says is in the log."""
+    def run(self, *command, cwd=None, check=False, seconds=SECONDS_AT_MOST):
+        """Whether the command succeeds in time, if that is limited. What it says is in the log."""
         with open(self.log, "ab") as log:
             process = subprocess.Popen([str(part) for part in command], cwd=cwd, stdout=log,
                                        stderr=log, stdin=subprocess.DEVNULL, start_new_session=True)
             try:
-                good = process.wait(SECONDS_AT_MOST) == 0
+                good = process.wait(seconds) == 0
             except subprocess.TimeoutExpired:
                 good = False
             finally:
@@ -71,6 +73,11 @@ class Workshop:
 
     def builds(self, *targets):
         return self.run("ninja", "-C", self.build, *targets)
+
+    def is_in_order(self):
+        """Whether everything builds and passes without a mistake, however long that takes."""
+        return (self.run("ninja", "-C", self.build, seconds=None)
+                and self.run(*self.all_tests, seconds=None))
 
     def near_tests(self, folder):
         """The unit test programs of a folder."""
@@ -94,11 +101,8 @@ class Workshop:
             return SCENARIOS
         if not self.builds():
             return "the compiler"
-        return "" if self.all_pass("-E", "^scenarios$") else "another test"
-
-    def all_pass(self, *selection):
-        return self.run("ctest", "--test-dir", self.build, *selection, "--stop-on-failure", "-j",
-                        os.cpu_count())
+        others = ("-E", "^scenarios$")
+        return "" if self.run(*self.all_tests, *others) else "another test"
 
 
 def all_mutants(root):
@@ -169,7 +173,7 @@ def main():
     workshop.prepare()
     results = Results(root / "build/mutation/results.jsonl")
     if any(key_of(mutant, code) not in results.known for mutant, code in chosen):
-        if not (workshop.builds() and workshop.all_pass()):
+        if not workshop.is_in_order():
             sys.exit(f"the tests fail without a mistake; see {workshop.log}")
 
     caught = survived = refused = 0

@@ -8,8 +8,6 @@
 #include "platform/win32/Texts.h"
 #include "window/Layout.h"
 
-#include <commctrl.h>
-
 namespace quorvel {
 
 namespace {
@@ -17,16 +15,10 @@ namespace {
 /// A typed figure stands where it is drawn afterwards.
 constexpr int rightMargin =
     columnPitch - canvas_places::scoreLeft(0) - canvas_places::scoreSlots * Canvas::glyphWidth;
-constexpr UINT_PTR subclassId = 1;
 
 /// Stands out from both backgrounds of the grid.
 constexpr COLORREF entryColour = RGB(0xFF, 0xF4, 0xC2);
 constexpr COLORREF entryTextColour = RGB(0, 0, 0);
-
-/// Keys that an edit control answers with a beep.
-bool isSoundedCharacter(WPARAM character) {
-    return character == L'\r' || character == L'\n' || character == L'\t' || character == VK_ESCAPE;
-}
 
 }  // namespace
 
@@ -45,7 +37,6 @@ void CellEditorBox::create(HWND parent, int id, std::size_t longestText) {
     ::SendMessageW(window_, EM_SETLIMITTEXT, longestText, 0);
     ::SendMessageW(window_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,
                    MAKELPARAM(0, rightMargin));
-    ::SetWindowSubclass(window_, procedure, subclassId, 0);
 }
 
 void CellEditorBox::show(const CellEditor& editor, std::string_view name) {
@@ -95,13 +86,6 @@ bool CellEditorBox::holdsNewText() {
     if (text == text_) return false;
     text_ = std::move(text);
     return true;
-}
-
-LRESULT CALLBACK CellEditorBox::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR id, DWORD_PTR) {
-    if (message == WM_CHAR && isSoundedCharacter(wParam)) return 0;
-    if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, procedure, id);
-    return ::DefSubclassProc(window, message, wParam, lParam);
 }
 
 }  // namespace quorvel

@@ -28,8 +28,6 @@ class CellEditorBox {
     const std::string& text() const { return text_; }
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                      UINT_PTR id, DWORD_PTR box);
     void open(const CellEditor& editor, std::string_view name);
     void hide();
 

@@ -8,8 +8,6 @@
 #include "platform/win32/Texts.h"
 #include "window/GridTexts.h"
 
-#include <commctrl.h>
-
 namespace quorvel {
 
 namespace {
@@ -89,17 +87,35 @@ HBRUSH systemGround(HDC context, int ground, int text) {
 
 /// A click on the names goes to the window below them, like one on a label: a box whose text can be
 /// selected can also be pulled out of its place beside the rows.
-LRESULT CALLBACK textBoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                  UINT_PTR id, DWORD_PTR) {
+LRESULT CALLBACK textBoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCHITTEST) return HTTRANSPARENT;
-    if (message == WM_NCDESTROY) ::RemoveWindowSubclass(window, textBoxProcedure, id);
-    return ::DefSubclassProc(window, message, wParam, lParam);
+    const auto usual = reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(window, GWLP_USERDATA));
+    return ::CallWindowProcW(usual, window, message, wParam, lParam);
+}
+
+/// Not by the helpers for that: they look the window up anew for every message, which takes longer
+/// than what most messages are about.
+void passClicksOn(HWND textBox) {
+    const LONG_PTR usual = ::GetWindowLongPtrW(textBox, GWLP_WNDPROC);
+    ::SetWindowLongPtrW(textBox, GWLP_USERDATA, usual);
+    ::SetWindowLongPtrW(textBox, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(textBoxProcedure));
 }
 
 /// Without the inner border of an edit control: line k stands k line heights below the text's top.
 void placeText(HWND edit, const RECT& text) {
     ::SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     ::SendMessageW(edit, EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(&text));
+}
+
+/// An edit control has each of its old and its new lines painted by itself. While it has no room
+/// for any, it does not, and all of them are painted once.
+void setLines(HWND edit, std::string_view text, const CodePage& codePage) {
+    RECT room{};
+    ::SendMessageW(edit, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+    placeText(edit, RECT{});
+    setWindowText(edit, text, codePage);
+    placeText(edit, room);
+    ::InvalidateRect(edit, nullptr, TRUE);
 }
 
 /// The margin yields to numbers that need the whole column.
@@ -138,7 +154,7 @@ void FormControls::create(HWND parent) {
                                                  .id = plan.id}),
                           plan.box,
                           {}});
-        ::SetWindowSubclass(texts_.back().control, textBoxProcedure, 1, 0);
+        passClicksOn(texts_.back().control);
         // A screen reader takes the label before a box for its name.
         ::SetWindowPos(texts_.back().control, ::GetDlgItem(parent, plan.heading), 0, 0, 0, 0,
                        SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
@@ -203,7 +219,7 @@ void FormControls::show(const Controls& controls) {
         if (box == target.shown) continue;
         target.shown = box;
         if (target.box == &Controls::txtSN) indentRowNumbers(target.control, box.text);
-        setWindowText(target.control, box.text, codePage_);
+        setLines(target.control, box.text, codePage_);
     }
 }
 

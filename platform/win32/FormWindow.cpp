@@ -40,6 +40,11 @@ bool isMouseDown(UINT message) {
            message == WM_XBUTTONDOWN;
 }
 
+/// Characters that an edit control answers with a beep.
+bool isSoundedCharacter(WPARAM character) {
+    return character == L'\r' || character == L'\n' || character == L'\t' || character == VK_ESCAPE;
+}
+
 bool isWheel(UINT message) {
     return message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL;
 }
@@ -110,6 +115,7 @@ bool FormWindow::translate(MSG& message) {
 }
 
 bool FormWindow::takesKey(const MSG& message) {
+    if (message.message == WM_CHAR) return isSoundedCharacter(message.wParam);
     if (message.message != WM_KEYDOWN) return false;
     const int keyCode = static_cast<int>(message.wParam);
     const bool controlHeld = ::GetKeyState(VK_CONTROL) < 0;

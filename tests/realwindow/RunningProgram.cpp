@@ -14,7 +14,6 @@ namespace quorvel::scenario {
 
 namespace {
 
-constexpr const wchar_t* executable = L"Quorvel.exe";
 constexpr DWORD endingTimeout = 10'000;  // milliseconds
 
 void endProcess(HANDLE process) {
@@ -67,14 +66,19 @@ StartedProgram startedAs(HANDLE process) {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const std::filesystem::path& folder) {
-    std::wstring commandLine = L"\"" + (folder / executable).wstring() + L"\"";
+std::filesystem::path programIn(const std::filesystem::path& folder) {
+    return folder / "Quorvel.exe";
+}
+
+RunningProgram::RunningProgram(const std::filesystem::path& program,
+                               const std::wstring& arguments) {
+    std::wstring commandLine = L"\"" + program.wstring() + L"\" " + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     // Started from elsewhere: the program finds its folder by itself.
-    if (CreateProcessW((folder / executable).c_str(), commandLine.data(), nullptr, nullptr, FALSE,
-                       0, nullptr, L"C:\\", &startup, &process) == 0)
+    if (CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                       L"C:\\", &startup, &process) == 0)
         throw ScenarioError("the program cannot be started, error " +
                             std::to_string(GetLastError()));
     CloseHandle(process.hThread);

@@ -16,12 +16,16 @@ struct StartedProgram {
     std::filesystem::path workingFolder;
 };
 
+/// Where the program lies in its folder.
+std::filesystem::path programIn(const std::filesystem::path& folder);
+
 /// The program as the system sees it: a process and its windows. It ends with this object, and so
 /// does every program that it started.
 class RunningProgram {
   public:
-    /// Throws ScenarioError when it cannot be started.
-    explicit RunningProgram(const std::filesystem::path& folder);
+    /// Starts the program in this file. Throws ScenarioError when it cannot be started.
+    explicit RunningProgram(const std::filesystem::path& program,
+                            const std::wstring& arguments = L"");
     ~RunningProgram();
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;

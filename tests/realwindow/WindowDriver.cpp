@@ -113,7 +113,7 @@ void WindowDriver::start() {
     if (program_ && !program_->hasEnded()) throw ScenarioError("the program is running already");
     beginAction();
     answered_.reset();
-    program_ = std::make_unique<RunningProgram>(folder_.path());
+    program_ = std::make_unique<RunningProgram>(programIn(folder_.path()));
 }
 
 void WindowDriver::chooseMenu(std::string_view entry) {

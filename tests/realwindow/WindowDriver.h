@@ -60,9 +60,10 @@ class WindowDriver final : public Driver {
     /// The process of the program under way.
     HANDLE process() const;
 
-  private:
     /// The main window, when the program runs and shows it; throws ScenarioError where it does not.
     HWND mainWindow() const;
+
+  private:
     HWND control(std::string_view name) const;
     // What the user does; nothing is waited for.
     void start();

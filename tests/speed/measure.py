@@ -14,7 +14,8 @@ import tempfile
 
 from picture import picture
 from processes import process_rows, size_row
-from rows import Row, portable_rows
+from rows import LARGEST_FILE, Row, portable_rows
+from windowrows import window_rows
 
 REPETITIONS = 9
 SECONDS_EACH = 0.03
@@ -57,6 +58,7 @@ def main() -> int:
     parser.add_argument("--native", type=pathlib.Path, required=True,
                         help="the folder of the native build that holds the benchmarks")
     parser.add_argument("--qrv", required=True, help="the program to measure as a process")
+    parser.add_argument("--window", type=pathlib.Path, help="what window.sh printed")
     parser.add_argument("--windows", type=pathlib.Path, help="the folder of the Windows programs")
     parser.add_argument("--out", type=pathlib.Path, required=True)
     options = parser.parse_args()
@@ -67,6 +69,8 @@ def main() -> int:
                                            options.out / "speed_rows.json"))
     with tempfile.TemporaryDirectory() as folder:
         rows += process_rows(options.qrv, str(programs / "speed_classes"), pathlib.Path(folder))
+    if options.window:
+        rows += window_rows(options.window, LARGEST_FILE)
     if options.windows:
         rows += [size_row(options.windows / name, limit)
                  for name, limit in MOST_MEGABYTES.items()]

@@ -35,6 +35,8 @@ class Pair:
 LARGEST = 1000
 SIZES = (125, 250, 500, LARGEST)
 CELLS = LARGEST * 200
+# Three records before the scores; one for each cell, two for each student and each assignment.
+LARGEST_FILE = (3 + CELLS + 2 * LARGEST + 2 * 200) * 128
 
 PAIRS = (
     Pair("load", "load", "reading the file in the same blocks", "readBlocks", 1.3),

@@ -47,13 +47,15 @@ Html strip(const ClassContent& content, const SectionPlace& place) {
                         .name = Html().add(student.name, ": ", Tenths{figures.percentageTenths},
                                            ", ", letterText(figures.letterGrade))});
     }
-    const PictureTexts texts{
-        .id = place.id("strip-picture"),
-        .title = Html().add("Where every student stands"),
-        .description =
-            Html().add("A dot for each of ",
-                       counted(static_cast<std::int64_t>(dots.size()), "student", "students"),
-                       " along the percentages; the table of students has the same figures")};
+    PictureTexts texts{.id = place.id("strip-picture"),
+                       .title = Html().add("Where every student stands"),
+                       .description = Html().add(
+                           "A dot for each of ",
+                           counted(static_cast<std::int64_t>(dots.size()), "student", "students"),
+                           " along the percentages; the table of students has the same figures")};
+    if (content.average) {
+        texts.description.add("; the class average is ", Tenths{content.average->tenths});
+    }
     return Html().add(
         "<section>",
         partHeading(place.level() + 1, place.id("strip"), Html().add("Where every student stands"),

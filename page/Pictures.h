@@ -34,8 +34,8 @@ struct StripDot {
     Html name;
 };
 
-/// A dot for each percentage along one axis, ties on each other, between the limits of the letters.
-/// The axis ends where `axis` does.
+/// A dot for each percentage along one axis, ties side by side, between the limits of the letters.
+/// `texts` are for those who do not see it.
 Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
                   const std::optional<ClassAverage>& average, const PictureTexts& texts);
 

@@ -11,8 +11,9 @@ namespace quorvel {
 namespace {
 
 // The picture is two on each other. The dots grow with its width and so does the room that they
-// need; the lines and texts of the frame keep their size. Lengths along both are tenths of a
-// percent of the width, as are those of the dots upward; those of the frame upward are pixels.
+// need; the lines and texts of the frame keep their size, and page.css leaves them room over and
+// below the dots. Lengths along both are tenths of a percent of the width, as are those of the dots
+// upward; those of the frame upward are pixels.
 
 PercentAxis axisOf(const std::vector<StripDot>& dots, const LetterLimits& limits) {
     const auto& [lowestLimit, highestLimit] = std::ranges::minmax(limits);
@@ -87,7 +88,7 @@ Html figureOver(const StripDot& dot, const PercentAxis& axis) {
                       "\" y=\"-24\">", Tenths{dot.percentage}, "</text>");
 }
 
-/// All but the dots, for the eye only: the dots' picture says in words what this one does.
+/// All but the dots, for the eye only: what it shows stands in words elsewhere on the page.
 Html frame(const std::vector<StripDot>& dots, const LetterLimits& limits, const PercentAxis& axis,
            const std::optional<ClassAverage>& average) {
     Html picture;
@@ -105,10 +106,11 @@ Html dotsOf(const DotRun& run, std::int64_t width, const std::vector<StripDot>& 
     const auto length = (static_cast<std::int64_t>(run.dots.size()) - 1) * width;
     Html circles;
     if (length > 0) circles.add("<path d=\"M", run.left, " ", -up, "h", length, "\"/>");
+    const Tenths radius{width * 17 / 4};  // a little less than half the width: none touch
     std::int64_t along = run.left;
     for (const std::size_t index : run.dots) {
-        circles.add("<circle cx=\"", along, "\" cy=\"", -up, "\" r=\"", Tenths{width * 17 / 4},
-                    "\"><title>", dots[index].name, "</title></circle>");
+        circles.add("<circle cx=\"", along, "\" cy=\"", -up, "\" r=\"", radius, "\"><title>",
+                    dots[index].name, "</title></circle>");
         along += width;
     }
     return circles;
@@ -119,6 +121,7 @@ Html dotsOf(const DotRun& run, std::int64_t width, const std::vector<StripDot>& 
 Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
                   const std::optional<ClassAverage>& average, const PictureTexts& texts) {
     constexpr std::int64_t lowestPicture = 90;
+    constexpr std::int64_t barTenths = 2;  // of a dot's width
     const PercentAxis axis = axisOf(dots, limits);
     std::vector<std::int64_t> percentages;
     percentages.reserve(dots.size());
@@ -128,7 +131,7 @@ Html stripPicture(const std::vector<StripDot>& dots, const LetterLimits& limits,
     Html picture;
     picture.add("<div class=\"strip\">", frame(dots, limits, axis, average),
                 "<svg class=\"dots\" viewBox=\"0 ", -height, " 1000 ", height, "\"",
-                namedPicture(texts), "<g stroke-width=\"", Tenths{placed.width * 2}, "\">");
+                namedPicture(texts), "<g stroke-width=\"", Tenths{placed.width * barTenths}, "\">");
     for (const DotRun& run : placed.runs) picture.add(dotsOf(run, placed.width, dots));
     return picture.add("</g></svg></div>");
 }

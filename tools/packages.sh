@@ -14,7 +14,7 @@ readonly printing_packages=(cups-client cups-daemon cups-filters ghostscript mup
     printer-driver-cups-pdf)
 readonly input_packages=(imagemagick x11-utils xdotool)
 
-readonly browser_packages=(chromium chromium-driver fonts-liberation python3-selenium)
+readonly browser_packages=(chromium chromium-driver fonts-liberation poppler-utils python3-selenium)
 
 # Runs a command with the rights that installing needs.
 as_administrator() {

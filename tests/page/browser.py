@@ -3,29 +3,37 @@
 
     tests/page/browser.py --qrv build/native/qrv --axe build/axe/node_modules/axe-core/axe.min.js
 
-Both sample classes, a generated one of odd names and a school of 300 classes are opened in Chromium at
-1280 and 390 pixels, light and dark, and printed on A4 and Letter. On each page the figures have to be
-those of `qrv figures --format json`, nothing may leave the page or its width, and axe-core has to find
-nothing. With --pictures FOLDER what was seen is kept there. The last line is `N passed, N failed`.
+Both sample classes, one student's, one with aliases, an empty one, one of a single student, one of odd
+names, one of 35 students and 40 assignments and a school of 300 classes are opened in Chromium at 1280 and
+390 pixels, light and dark, and printed on A4 and Letter. On each page the figures have to be those of
+`qrv figures --format json`, nothing may leave the page or its width, no dot may touch another, no heading
+stand alone at the foot of a sheet of paper, and axe-core has to find nothing. Pages of the usual size have to
+stay small, and one of 1,000 students and 200 assignments has to come soon. With --pictures FOLDER what was
+seen is kept there. The last line is `N passed, N failed`.
 """
 
 import argparse
-import base64
 import json
-import random
+import resource
 import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
-from selenium import webdriver
-from selenium.webdriver.chrome.options import Options
-from selenium.webdriver.chrome.service import Service
+from chromium import Browser
+from generated import Generated
 
 ROOT = Path(__file__).resolve().parents[2]
 WIDTHS = (1280, 390)
+VIEWS = tuple((width, scheme) for width in WIDTHS for scheme in ("light", "dark"))
 PAPERS = {"a4": (8.27, 11.69), "letter": (8.5, 11)}
-AXE = "const done = arguments[arguments.length - 1]; axe.run().then(done)"
+# A page of 35 students and 40 assignments may be as large, one of 1,000 and 200 take as long.
+MOST_BYTES = 300_000
+MOST_SECONDS = 0.5
+
+# Below each of these on paper stand the head of a table and some rows, the number of the page not counted.
+HEADINGS = ("Contents", "By student By assignment", "Students", "Assignments", "Every score")
+LINES_BELOW_A_HEADING = 3
 
 # What a page shows of each class, as a person reads it off its tables.
 READ_CLASSES = """
@@ -49,10 +57,45 @@ return [...document.querySelectorAll("article")].map(article => ({
 }));
 """
 
+# How many pairs of dots touch. A dot reaches dots that stand behind it by their left edges only.
+TOUCHING = """
+let touching = 0;
+for (const picture of document.querySelectorAll(".dots")) {
+    const boxes = [...picture.querySelectorAll("circle")].map(dot => dot.getBoundingClientRect());
+    boxes.sort((one, other) => one.left - other.left);
+    boxes.forEach((one, index) => {
+        for (let next = index + 1; next < boxes.length && boxes[next].left < one.right; ++next) {
+            const other = boxes[next];
+            const distance = Math.hypot(one.left - other.left, one.top - other.top);
+            if (distance < one.width) ++touching;
+        }
+    });
+}
+return touching;
+"""
+
 
 def decimal(number):
     """A figure as the program writes it."""
     return f"{number:.1f}".removesuffix(".0")
+
+
+def processor_time():
+    """The seconds that programs called so far have computed, which other work does not lengthen."""
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return used.ru_utime + used.ru_stime
+
+
+def headings_alone(printed):
+    """The headings that have too little below them on their sheet of a PDF."""
+    text = subprocess.run(
+        ["pdftotext", "-layout", "-", "-"], input=printed, capture_output=True, check=True, timeout=120
+    ).stdout.decode("utf-8")
+    found = []
+    for sheet in text.split("\f"):
+        lines = [" ".join(line.split()) for line in sheet.splitlines() if line.strip()][:-1]
+        found += [line for line in lines[-LINES_BELOW_A_HEADING:] if line in HEADINGS]
+    return found
 
 
 def expected_class(figures):
@@ -61,9 +104,9 @@ def expected_class(figures):
     letters = [student["letter"] for student in students]
     return {
         "title": figures["title"],
-        "average": decimal(figures["average"]) + "%",
+        "average": None if figures["average"] is None else decimal(figures["average"]) + "%",
         "letter": figures["letter"],
-        "letters": [str(letters.count(letter)) for letter in "ABCDEF"],
+        "letters": [str(letters.count(letter)) for letter in "ABCDEF" if students],
         "dots": len(students),
         "places": sorted(f"{s['name']}: {decimal(s['percentage'])}, {s['letter']}" for s in students),
         "students": [
@@ -74,84 +117,6 @@ def expected_class(figures):
             for student in students
         ],
     }
-
-
-class Generated:
-    """Classes as CSV; the same start gives the same ones."""
-
-    def __init__(self, start):
-        self.random = random.Random(start)
-
-    def score(self, value):
-        kind = self.random.randrange(14)
-        if kind < 2:
-            return ("", "E")[kind]
-        return str(self.random.randint(value * 4 // 10, value))
-
-    def school_class(self, students, assignments):
-        values = [self.random.choice([10, 20, 50, 100]) for _ in range(assignments)]
-        lines = ["Name,Alias," + ",".join(f"Assignment {a}" for a in range(1, assignments + 1))]
-        lines.append("Value,," + ",".join(map(str, values)))
-        for number in range(1, students + 1):
-            scores = ",".join(self.score(value) for value in values)
-            lines.append(f'"Last{number}, First",Alias {number},{scores}')
-        return "\n".join(lines) + "\n"
-
-    @staticmethod
-    def odd_names():
-        names = ["<script>alert(1)</script>", "O'Neil & \"Co\"", "</td></tr></table>", "Wolfeschlegelsteinhausen" * 5]
-        lines = ["Name,Alias,<b>,\"a very, very long one\"", "Value,,20,0"]
-        lines += ['"' + name.replace('"', '""') + f'",{number},{17 + number},3' for number, name in enumerate(names)]
-        return "\n".join(lines) + "\n"
-
-
-class Browser:
-    def __init__(self, axe):
-        options = Options()
-        # As root Chromium runs without its sandbox only; it opens nothing but our own pages.
-        for argument in ("--headless=new", "--no-sandbox", "--hide-scrollbars", "--disable-dev-shm-usage"):
-            options.add_argument(argument)
-        options.set_capability("goog:loggingPrefs", {"performance": "ALL", "browser": "ALL"})
-        self.driver = webdriver.Chrome(options=options, service=Service("/usr/bin/chromedriver"))
-        self.axe = Path(axe).read_text(encoding="utf-8")
-
-    def open(self, page):
-        self.driver.get_log("performance")
-        self.driver.get_log("browser")
-        self.driver.get(page.as_uri())
-
-    def show(self, width, scheme):
-        features = [{"name": "prefers-color-scheme", "value": scheme}]
-        self.driver.execute_cdp_cmd("Emulation.setEmulatedMedia", {"features": features})
-        metrics = {"width": width, "height": 900, "deviceScaleFactor": 1, "mobile": False}
-        self.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", metrics)
-
-    def requests(self):
-        """The addresses that were asked for since the page was opened."""
-        messages = [json.loads(entry["message"])["message"] for entry in self.driver.get_log("performance")]
-        return [m["params"]["request"]["url"] for m in messages if m["method"] == "Network.requestWillBeSent"]
-
-    def complaints(self):
-        return [entry["message"] for entry in self.driver.get_log("browser")]
-
-    def run(self, script):
-        return self.driver.execute_script(script)
-
-    def violations(self):
-        self.driver.execute_script(self.axe)
-        found = self.driver.execute_async_script(AXE)
-        return [f"{v['id']}: {v['nodes'][0]['html'][:160]}" for v in found["violations"]]
-
-    def picture(self, highest=8000):
-        height = min(self.run("return document.documentElement.scrollHeight"), highest)
-        width = self.run("return window.innerWidth")
-        clip = {"x": 0, "y": 0, "width": width, "height": height, "scale": 1}
-        command = {"format": "png", "captureBeyondViewport": True, "clip": clip}
-        return base64.b64decode(self.driver.execute_cdp_cmd("Page.captureScreenshot", command)["data"])
-
-    def paper(self, size):
-        command = {"paperWidth": size[0], "paperHeight": size[1]}
-        return base64.b64decode(self.driver.execute_cdp_cmd("Page.printToPDF", command)["data"])
 
 
 class Proof:
@@ -189,21 +154,21 @@ class Proof:
         self.call("page", *sheets, *options, "-o", page)
         return page
 
-    def look(self, name, page, with_axe=True):
+    def look(self, name, page, views_for_axe=VIEWS):
         """What has to hold for every page, however it is looked at."""
         self.browser.open(page)
-        for width in WIDTHS:
-            for scheme in ("light", "dark"):
-                self.browser.show(width, scheme)
-                view = f"{name} at {width}, {scheme}"
-                wide = self.browser.run("return document.documentElement.scrollWidth")
-                self.expect(f"{view}: its width", wide, width)
-                if with_axe:
-                    self.expect(f"{view}: axe-core", self.browser.violations(), [])
-                self.keep(f"{name}-{width}-{scheme}.png", self.browser.picture())
+        for width, scheme in VIEWS:
+            self.browser.show(width, scheme)
+            view = f"{name} at {width}, {scheme}"
+            wide = self.browser.run("return document.documentElement.scrollWidth")
+            self.expect(f"{view}: its width", wide, width)
+            if (width, scheme) in views_for_axe:
+                self.expect(f"{view}: axe-core", self.browser.violations(), [])
+            self.expect(f"{view}: dots that touch", self.browser.run(TOUCHING), 0)
+            self.keep(f"{name}-{width}-{scheme}.png", self.browser.picture())
         for paper, size in PAPERS.items():
             printed = self.browser.paper(size)
-            self.expect(f"{name} on {paper}", printed[:5], b"%PDF-")
+            self.expect(f"{name} on {paper}: headings alone", headings_alone(printed), [])
             self.keep(f"{name}-{paper}.pdf", printed)
         self.expect(f"{name}: its requests", set(self.browser.requests()) - {"data:,"}, {page.as_uri()})
         self.expect(f"{name}: what the browser complains of", self.browser.complaints(), [])
@@ -215,8 +180,14 @@ class Proof:
         self.browser.show(WIDTHS[0], "light")
         self.keep("front.png", self.browser.picture(highest=1316))
 
-    def classes(self, name, sheets, with_axe=True):
-        self.look(name, self.page(name, sheets), with_axe)
+    def classes(self, name, sheets, views_for_axe=VIEWS):
+        page = self.page(name, sheets)
+        self.look(name, page, views_for_axe)
+        self.compare(name, sheets)
+        return page
+
+    def compare(self, name, sheets):
+        """The figures on the page that is open with those of its sheets."""
         lines = self.call("figures", "--format", "json", *sheets).splitlines()
         came = self.browser.run(READ_CLASSES)
         for shown in came:
@@ -225,6 +196,29 @@ class Proof:
         for shown, line in zip(came, lines):
             wanted = expected_class(json.loads(line))
             self.expect(f"{name}: {wanted['title']}", shown, wanted)
+
+    def aliases(self, sheets):
+        self.look("aliases", self.page("aliases", sheets, "--alias"))
+        whole = self.browser.run("return document.documentElement.outerHTML")
+        classes = [json.loads(line) for line in self.call("figures", "--format", "json", *sheets).splitlines()]
+        names = [student["name"] for one in classes for student in one["students"] if student["name"] in whole]
+        self.expect("names on a page of aliases", names, [])
+
+    def many(self, sheet):
+        """A class larger than any: how soon its page is there, and that its dots can be told apart."""
+        seconds = []
+        for _ in range(3):
+            begin = processor_time()
+            page = self.page("many", [sheet])
+            seconds.append(processor_time() - begin)
+        print(f"1,000 students and 200 assignments: {min(seconds):.2f} s")
+        self.expect("the page of 1,000 students comes soon", min(seconds) < MOST_SECONDS, True)
+        self.browser.open(page)
+        for width in WIDTHS:
+            self.browser.show(width, "light")
+            self.expect(f"many at {width}: dots that touch", self.browser.run(TOUCHING), 0)
+            self.keep(f"many-{width}.png", self.browser.picture(highest=1200))
+        self.compare("many", [sheet])
 
     def student(self, sheet, number):
         self.look("student", self.page("student", [sheet], "--student", number))
@@ -246,13 +240,19 @@ def prove(proof):
         proof.classes(f"sample-{number}", [sample])
     proof.front(samples[0])
     proof.classes("samples", samples)
-    proof.look("aliases", proof.page("aliases", samples, "--alias"))
+    proof.aliases(samples)
     proof.student(samples[0], 9)
     proof.classes("odd", [proof.sheet("odd", Generated.odd_names())])
+    proof.classes("empty", [proof.sheet("empty", Generated.nobody())])
     generated = Generated("school")
-    school = [proof.sheet(f"class-{number:03}", generated.school_class(28, 15)) for number in range(1, 301)]
-    # axe-core takes minutes for so much of the same.
-    proof.classes("school", school, with_axe=False)
+    proof.classes("one", [proof.sheet("one", generated.school_class(1, 6))])
+    usual = proof.classes("usual", [proof.sheet("usual", generated.school_class(35, 40))]).stat().st_size
+    print(f"35 students and 40 assignments: {usual} bytes")
+    proof.expect("a page of the usual size is small", usual < MOST_BYTES, True)
+    proof.many(proof.sheet("many", generated.school_class(1000, 200)))
+    # axe-core takes minutes for 300 classes even of a few; both widths and both schemes are among two views.
+    school = [proof.sheet(f"class-{number:03}", generated.school_class(5, 4)) for number in range(1, 301)]
+    proof.classes("school", school, views_for_axe=(VIEWS[0], VIEWS[-1]))
 
 
 def main():

@@ -112,6 +112,7 @@ void GradeSheet::setScores(int assignment, int firstStudent, std::span<const Sma
     Assignment& changed = column(assignment);
     checkNumber("Student", firstStudent, studentCount());
     checkNumber("Student", firstStudent + static_cast<int>(values.size()) - 1, studentCount());
+    changed.scores.reserve(studentCount());
     changed.scores.setValues(firstStudent, values);
 }
 

@@ -61,6 +61,21 @@ void addPossible(std::int16_t value, std::span<const PackedPoints> cells,
         addPossible(value, cells, possible, higher);
 }
 
+std::size_t findFraction(std::span<const PackedPoints> cells, std::size_t start) {
+    // Few have one, so whole groups are passed over.
+    constexpr std::size_t group = 32;
+    const auto groupHasNone = [cells](std::size_t first) {
+        std::int16_t any = 0;
+        for (const PackedPoints points : cells.subspan(first).first<group>())
+            any = static_cast<std::int16_t>(any | (hasFraction(points) ? 1 : 0));
+        return any == 0;
+    };
+    std::size_t index = start;
+    while (index + group <= cells.size() && groupHasNone(index)) index += group;
+    while (index < cells.size() && !hasFraction(cells[index])) ++index;
+    return index;
+}
+
 PackedSum sumOf(std::span<const PackedPoints> cells) {
     PackedSum sum;
     for (const PackedPoints points : cells) {

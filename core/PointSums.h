@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -17,6 +18,10 @@ void addEarned(const CellPoints& cell, std::int16_t& earned);
 /// fit into 16 bits stays. Students behind the cells have none.
 void addPossible(std::int16_t value, std::span<const PackedPoints> cells,
                  std::span<std::int16_t> possible);
+
+/// The index of the first number with a fraction from index `start` on; the number of cells where
+/// there is none.
+std::size_t findFraction(std::span<const PackedPoints> cells, std::size_t start);
 
 /// Of the cells that are numbers.
 struct PackedSum {

@@ -1,6 +1,7 @@
 #include "core/ScoreColumn.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 #include <variant>
 
@@ -23,6 +24,14 @@ bool isZero(const TaggedView& value) {
 
 std::size_t indexOf(int student) {
     return static_cast<std::size_t>(student) - 1;
+}
+
+/// What the students of these numbers have, in their order.
+template <typename Held>
+std::vector<Held> inOrder(const std::vector<Held>& held, std::span<const int> order) {
+    const auto moved = std::views::transform(
+        order, [&held](int student) -> const Held& { return held[indexOf(student)]; });
+    return {moved.begin(), moved.end()};
 }
 
 }  // namespace
@@ -65,6 +74,11 @@ void ScoreColumn::setValue(int student, const TaggedView& value) {
         cell = SmallValue::elsewhere();
         points_[indexOf(student)] = packedAbsent;
     }
+}
+
+void ScoreColumn::reserve(int studentCount) {
+    cells_.reserve(static_cast<std::size_t>(studentCount));
+    points_.reserve(static_cast<std::size_t>(studentCount));
 }
 
 void ScoreColumn::setValues(int first, std::span<const SmallValue> values) {
@@ -143,41 +157,39 @@ void ScoreColumn::remove(int student) {
 }
 
 void ScoreColumn::reorder(std::span<const int> order) {
-    const bool allZeros = zeroCount_ == static_cast<int>(order.size());
-    if (storedCount() == 0 && (zeroCount_ == 0 || allZeros)) return;
-    // Stored only as far as values come, so that a column stays as short as it can.
-    const auto last = static_cast<std::size_t>(lastStoredIn(order));
-    ScoreColumn ordered;
-    ordered.takeStored(*this, order.first(last));
-    for (std::size_t i = last; i < order.size(); ++i)
-        ordered.setValue(static_cast<int>(i) + 1, value(order[i]));
-    *this = std::move(ordered);
+    const int count = static_cast<int>(order.size());
+    if (storedCount() == 0 && (zeroCount_ == 0 || zeroCount_ == count)) return;
+    if (storedCount() < count) storeThrough(count);
+    std::vector<SmallValue> cells = inOrder(cells_, order);
+    points_ = inOrder(points_, order);
+    cells_ = std::move(cells);
+    if (!largeCells_.empty()) reorderLargeCells(order);
+    forgetTail();
 }
 
-/// The last place in the order that a stored value comes to; 0 without one.
-int ScoreColumn::lastStoredIn(std::span<const int> order) const {
-    const auto isStored = [this](int student) {
-        return student <= storedCount() && !cells_[indexOf(student)].isEmpty();
-    };
-    const auto last = std::ranges::find_if(order.rbegin(), order.rend(), isStored);
-    return static_cast<int>(order.rend() - last);
-}
-
-/// Fills a column that is still empty with the cells of these students.
-void ScoreColumn::takeStored(const ScoreColumn& from, std::span<const int> order) {
-    cells_.resize(order.size());
-    points_.resize(order.size(), packedAbsent);
+void ScoreColumn::reorderLargeCells(std::span<const int> order) {
+    std::map<int, LargeCell> ordered;
     for (std::size_t i = 0; i < order.size(); ++i) {
-        const int source = order[i];
-        if (source > from.storedCount()) {
-            if (from.isUnstoredZero(source)) setZero(i);
-            continue;
-        }
-        cells_[i] = from.cells_[indexOf(source)];
-        points_[i] = from.points_[indexOf(source)];
-        if (cells_[i].isElsewhere())
-            largeCells_.emplace(static_cast<int>(i) + 1, from.largeCells_.at(source));
+        auto node = largeCells_.extract(order[i]);
+        if (!node) continue;
+        node.key() = static_cast<int>(i) + 1;
+        ordered.insert(ordered.end(), std::move(node));
     }
+    largeCells_ = std::move(ordered);
+}
+
+/// Stores no more of the last cells than it must, so that a column stays as short as it can.
+void ScoreColumn::forgetTail() {
+    const auto isStored = [](const SmallValue& cell) { return !cell.isEmpty(); };
+    const auto isTyped = [](const SmallValue& cell) { return !isZero(cell.view()); };
+    const auto behindLast = [this](auto isLast) {
+        return cells_.rend() - std::ranges::find_if(cells_.rbegin(), cells_.rend(), isLast);
+    };
+    cells_.resize(static_cast<std::size_t>(behindLast(isStored)));
+    const auto typed = static_cast<std::size_t>(behindLast(isTyped));
+    zeroCount_ += static_cast<int>(cells_.size() - typed);
+    cells_.resize(typed);
+    points_.resize(typed);
 }
 
 void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
@@ -193,8 +205,7 @@ ScoreColumn::NumericSum ScoreColumn::numericSum() const {
     const PackedSum packedSum = sumOf(points_);
     NumericSum numeric{.sum = {}, .count = zeroCount_ + packedSum.count};
     std::int64_t wholeSum = packedSum.wholeParts;
-    for (std::size_t i = 0; i < points_.size(); ++i) {
-        if (!hasFraction(points_[i])) continue;
+    for (auto i = findFraction(points_, 0); i < points_.size(); i = findFraction(points_, i + 1)) {
         wholeSum -= points_[i] >> packedWholeShift;
         numeric.sum += readingOf(cells_[i].view());
     }

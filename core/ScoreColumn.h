@@ -30,6 +30,8 @@ class ScoreColumn {
     void setScore(int student, const Score& score) { setValue(student, score.view()); }
     /// A column that finds no memory stays as it was.
     void setValue(int student, const TaggedView& value);
+    /// Takes the memory for so many stored cells at once.
+    void reserve(int studentCount);
     /// Sets the cells of the students from `first` on, at least one, all of which are then stored.
     /// A column that finds no memory holds some of the values.
     void setValues(int first, std::span<const SmallValue> values);
@@ -73,8 +75,8 @@ class ScoreColumn {
     bool isUnstoredZero(int student) const {
         return student > storedCount() && student <= storedCount() + zeroCount_;
     }
-    int lastStoredIn(std::span<const int> order) const;
-    void takeStored(const ScoreColumn& from, std::span<const int> order);
+    void reorderLargeCells(std::span<const int> order);
+    void forgetTail();
     void storeThrough(int student);
     void setZero(std::size_t index);
 

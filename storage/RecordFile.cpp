@@ -221,6 +221,10 @@ void RecordWriter::smallValues(std::span<const SmallValue> values) {
     }
 }
 
+RecordStream::RecordStream(OutputFile& file) : file_(file) {
+    block_.reserve(blockSize);
+}
+
 RecordWriter& RecordStream::next() {
     if (block_.bytes().size() >= blockSize) finish();
     return block_;

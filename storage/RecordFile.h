@@ -103,6 +103,8 @@ class RecordWriter {
     void smallValues(std::span<const SmallValue> values);
 
     std::span<const std::byte> bytes() const { return bytes_; }
+    /// Takes the memory for so many bytes at once.
+    void reserve(std::size_t byteCount) { bytes_.reserve(byteCount); }
     /// Starts over without giving the memory back.
     void clear() { bytes_.clear(); }
 
@@ -116,7 +118,7 @@ class RecordWriter {
 class RecordStream {
   public:
     /// `file` must outlive the stream.
-    explicit RecordStream(OutputFile& file) : file_(file) {}
+    explicit RecordStream(OutputFile& file);
 
     /// What the next value is to be written into; it is not to be kept.
     RecordWriter& next();

@@ -44,6 +44,7 @@ inline constexpr int pointsPossibleLeft = 344;
 inline constexpr int pointsSlots = 4;
 inline constexpr int percentageLeft = 378;
 inline constexpr int percentageWholeSlots = 3;
+inline constexpr int highestWholePercentage = 999;
 /// The decimal point and the tenth.
 inline constexpr int percentageTenthSlots = 2;
 inline constexpr int percentageSlots = percentageWholeSlots + percentageTenthSlots;

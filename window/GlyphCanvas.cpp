@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 
 namespace quorvel {
@@ -69,37 +70,59 @@ void GlyphCanvas::release() {
     canvas_.release();
 }
 
-GlyphCanvas::Place& GlyphCanvas::placeOf(const Placing& placing) {
-    const int firstBand = placing.surface == Surface::Grid ? 0 : gridBands;
-    const int band = firstBand + placing.y / rowPitch;
-    return places_[static_cast<std::size_t>(band * Canvas::wideWidth + placing.x)];
+GlyphCanvas::Place& GlyphCanvas::placeOf(Surface surface, int x, int y) {
+    const int firstBand = surface == Surface::Grid ? 0 : gridBands;
+    const int band = firstBand + y / rowPitch;
+    return places_[static_cast<std::size_t>(band * Canvas::wideWidth + x)];
 }
 
 void GlyphCanvas::place(Surface surface, int glyph, int x, int y) {
-    const Placing placing{surface, glyph, x, y};
-    Place& place = placeOf(placing);
-    if (place.lastPlacing < 0 && place.shownGlyph == glyph) return;
+    placeSlots(surface, x, y, 1, [glyph](int) { return glyph; });
+}
+
+/// Places what `glyphAt` says for each of the neighbouring slots from x on. Most of it stands there
+/// already.
+template <typename GlyphAt>
+void GlyphCanvas::placeSlots(Surface surface, int x, int y, int slots, GlyphAt glyphAt) {
+    Place* const first = &placeOf(surface, x, y);
+    for (int slot = 0; slot < slots; ++slot) {
+        const int right = canvas_places::slotLeft(0, slot);
+        const int glyph = glyphAt(slot);
+        Place& place = first[right];
+        if (place.lastPlacing >= 0 || place.shownGlyph != glyph)
+            note({surface, glyph, x + right, y}, place);
+    }
+}
+
+void GlyphCanvas::note(const Placing& placing, Place& place) {
     if (placings_.size() == mostPlacings) copyChanged();
     place.lastPlacing = static_cast<std::int16_t>(placings_.size());
     placings_.push_back(placing);
 }
 
 void GlyphCanvas::placeBlanks(Surface surface, GlyphSet set, int x, int y, int slots) {
-    for (int slot = 0; slot < slots; ++slot)
-        place(surface, glyph::blank(set), canvas_places::slotLeft(x, slot), y);
+    const int blank = glyph::blank(set);
+    placeSlots(surface, x, y, slots, [blank](int) { return blank; });
 }
 
 void GlyphCanvas::placeText(Surface surface, GlyphSet set, std::string_view text, int x, int y,
                             int slots) {
-    const int length = static_cast<int>(text.size());
-    const bool fits = length <= slots && canBeDrawn(text);
-    if (fits) placeBlanks(surface, set, x, y, slots - length);
-    for (int slot = fits ? slots - length : 0; slot < slots; ++slot) {
-        const int wanted =
-            fits ? glyphOf(text[static_cast<std::size_t>(slot - (slots - length))], set)
-                 : glyph::decimalPoint;
-        place(surface, wanted, canvas_places::slotLeft(x, slot), y);
+    const int blanks = slots - static_cast<int>(text.size());
+    if (blanks < 0 || !canBeDrawn(text)) {
+        placeSlots(surface, x, y, slots, [](int) { return glyph::decimalPoint; });
+        return;
     }
+    placeSlots(surface, x, y, slots, [=](int slot) {
+        return slot < blanks ? glyph::blank(set)
+                             : glyphOf(text[static_cast<std::size_t>(slot - blanks)], set);
+    });
+}
+
+void GlyphCanvas::placeNumber(Surface surface, GlyphSet set, std::int64_t number, int x, int y,
+                              int slots) {
+    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> text{};  // and a sign
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
+    placeText(surface, set, {text.data(), end}, x, y, slots);
 }
 
 void GlyphCanvas::finish() {

@@ -26,6 +26,8 @@ class GlyphCanvas {
     /// Places `text` (digits, letters A to F, decimal points) right-aligned in `slots` slots,
     /// blanks before it; decimal points in all slots when it is longer or holds another character.
     void placeText(Surface surface, GlyphSet set, std::string_view text, int x, int y, int slots);
+    /// Places a whole number like its text.
+    void placeNumber(Surface surface, GlyphSet set, std::int64_t number, int x, int y, int slots);
 
     /// Copies what differs from the last time and shows the canvases.
     void finish();
@@ -45,7 +47,13 @@ class GlyphCanvas {
 
     /// Nothing is shown anywhere.
     void forget();
-    Place& placeOf(const Placing& placing);
+    Place& placeOf(Surface surface, int x, int y);
+    Place& placeOf(const Placing& placing) {
+        return placeOf(placing.surface, placing.x, placing.y);
+    }
+    template <typename GlyphAt>
+    void placeSlots(Surface surface, int x, int y, int slots, GlyphAt glyphAt);
+    void note(const Placing& placing, Place& place);
     void copyChanged();
 
     Canvas& canvas_;

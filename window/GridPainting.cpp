@@ -1,6 +1,7 @@
 #include "window/GridPainting.h"
 
-#include <string>
+#include <array>
+#include <optional>
 
 #include "core/Grades.h"
 #include "core/Numbers.h"
@@ -12,30 +13,33 @@ using namespace canvas_places;
 
 namespace {
 
-/// Nothing where there is no student, no assignment or no score.
-std::string scoreText(const GridView& view, int row, int column) {
-    if (row >= view.studentCount() || column >= view.assignmentCount()) return {};
-    const CellPoints points =
-        view.sheet.scores(view.firstAssignment + column).points(view.firstStudent + row);
-    if (points.empty) return {};
-    if (points.excused) return std::string(Score::excusedMark);
-    // A fraction below one half, which entry keeps, is drawn as its whole part.
-    return std::to_string(points.whole);
+void placeScore(GlyphCanvas& canvas, GlyphSet set, const CellPoints& points, int x, int y) {
+    if (points.empty)
+        canvas.placeBlanks(Surface::Grid, set, x, y, scoreSlots);
+    else if (points.excused)
+        canvas.placeText(Surface::Grid, set, Score::excusedMark, x, y, scoreSlots);
+    else  // a fraction below one half, which entry keeps, is drawn as its whole part
+        canvas.placeNumber(Surface::Grid, set, points.whole, x, y, scoreSlots);
 }
 
 /// Whole digits right-aligned, then the decimal point and the tenth; both stay blank for a whole
 /// percentage.
 void placePercentage(GlyphCanvas& canvas, Surface surface, GlyphSet set, std::int64_t tenths, int x,
                      int y) {
-    const std::string whole = std::to_string(tenths / 10);
-    if (tenths < 0 || whole.size() > percentageWholeSlots) {
+    if (tenths < 0 || tenths / 10 > highestWholePercentage) {
         canvas.placeText(surface, set, "......", x, y, percentageSlots);
         return;
     }
     const std::int64_t tenth = tenths % 10;
-    canvas.placeText(surface, set, whole, x, y, percentageWholeSlots);
-    canvas.placeText(surface, set, tenth == 0 ? "" : "." + std::to_string(tenth),
-                     slotLeft(x, percentageWholeSlots), y, percentageTenthSlots);
+    const int tenthLeft = slotLeft(x, percentageWholeSlots);
+    canvas.placeNumber(surface, set, tenths / 10, x, y, percentageWholeSlots);
+    if (tenth == 0) {
+        canvas.placeBlanks(surface, set, tenthLeft, y, percentageTenthSlots);
+    } else {
+        const std::array text{'.', static_cast<char>('0' + tenth)};
+        canvas.placeText(surface, set, {text.data(), text.size()}, tenthLeft, y,
+                         percentageTenthSlots);
+    }
 }
 
 /// The results of a row without a student. Under the rows of students letters and tenths never
@@ -55,35 +59,38 @@ void clearResults(GlyphCanvas& canvas, int row, int shift) {
 void drawResults(GlyphCanvas& canvas, int row, int shift, const StudentFigures& figures) {
     const GlyphSet set = rowSet(row);
     const int top = rowTop(row);
-    canvas.placeText(Surface::Grid, set, std::to_string(figures.pointsEarned),
-                     pointsEarnedLeft + shift, top, pointsSlots);
-    canvas.placeText(Surface::Grid, set, std::to_string(figures.pointsPossible),
-                     pointsPossibleLeft + shift, top, pointsSlots);
+    canvas.placeNumber(Surface::Grid, set, figures.pointsEarned, pointsEarnedLeft + shift, top,
+                       pointsSlots);
+    canvas.placeNumber(Surface::Grid, set, figures.pointsPossible, pointsPossibleLeft + shift, top,
+                       pointsSlots);
     placePercentage(canvas, Surface::Grid, set, figures.percentageTenths, percentageLeft + shift,
                     top);
     canvas.placeText(Surface::Grid, set, letterText(figures.letterGrade), letterGradeLeft + shift,
                      top, 1);
 }
 
-/// A figure in tenths, cut to a whole number.
-std::string wholeText(const Decimal& tenths) {
-    return tenths.scaledDown(1, 10).text();
+/// A figure in tenths, cut to a whole number; blanks where there is none.
+void placeAverage(GlyphCanvas& canvas, GlyphSet set, const std::optional<Decimal>& tenths, int x,
+                  int y) {
+    if (tenths)
+        canvas.placeNumber(Surface::Bottom, set, tenths->scaledDown(1, 10).toInteger(), x, y,
+                           scoreSlots);
+    else
+        canvas.placeBlanks(Surface::Bottom, set, x, y, scoreSlots);
 }
 
 void drawAssignmentAverages(const GridView& view, GlyphCanvas& canvas) {
     for (int column = 0; column < view.layout.visibleColumns; ++column) {
-        std::string score;
-        std::string percent;
+        std::optional<Decimal> score;
+        std::optional<Decimal> percent;
         if (column < view.assignmentCount()) {
             if (const auto average = assignmentAverage(view.sheet, view.firstAssignment + column)) {
-                score = wholeText(average->scoreTenths());
-                if (const auto tenths = average->percentTenths()) percent = wholeText(*tenths);
+                score = average->scoreTenths();
+                percent = average->percentTenths();
             }
         }
-        canvas.placeText(Surface::Bottom, averageScoreSet, score, scoreLeft(column),
-                         averageScoreTop, scoreSlots);
-        canvas.placeText(Surface::Bottom, averagePercentSet, percent, scoreLeft(column),
-                         averagePercentTop, scoreSlots);
+        placeAverage(canvas, averageScoreSet, score, scoreLeft(column), averageScoreTop);
+        placeAverage(canvas, averagePercentSet, percent, scoreLeft(column), averagePercentTop);
     }
 }
 
@@ -107,18 +114,27 @@ void drawUnmovedBlanks(GlyphCanvas& canvas) {
 
 void drawColumnNumbers(const GridView& view, GlyphCanvas& canvas) {
     for (int column = 0; column < view.layout.visibleColumns; ++column) {
-        const bool isShown = column < view.assignmentCount();
-        canvas.placeText(Surface::Grid, GlyphSet::Plain,
-                         isShown ? std::to_string(view.firstAssignment + column) : "",
-                         scoreLeft(column), headingTop, scoreSlots);
+        if (column < view.assignmentCount())
+            canvas.placeNumber(Surface::Grid, GlyphSet::Plain, view.firstAssignment + column,
+                               scoreLeft(column), headingTop, scoreSlots);
+        else
+            canvas.placeBlanks(Surface::Grid, GlyphSet::Plain, scoreLeft(column), headingTop,
+                               scoreSlots);
     }
 }
 
 void drawScores(const GridView& view, GlyphCanvas& canvas) {
-    for (int row = 0; row < clearedBands; ++row)
-        for (int column = 0; column < view.layout.visibleColumns; ++column)
-            canvas.placeText(Surface::Grid, rowSet(row), scoreText(view, row, column),
-                             scoreLeft(column), rowTop(row), scoreSlots);
+    for (int row = 0; row < clearedBands; ++row) {
+        const int assignments = row < view.studentCount() ? view.assignmentCount() : 0;
+        for (int column = 0; column < assignments; ++column)
+            placeScore(
+                canvas, rowSet(row),
+                view.sheet.scores(view.firstAssignment + column).points(view.firstStudent + row),
+                scoreLeft(column), rowTop(row));
+        for (int column = assignments; column < view.layout.visibleColumns; ++column)
+            canvas.placeBlanks(Surface::Grid, rowSet(row), scoreLeft(column), rowTop(row),
+                               scoreSlots);
+    }
 }
 
 void drawClassFigures(const GridView& view, GlyphCanvas& canvas) {

@@ -24,45 +24,48 @@ struct CellPoints {
 CellPoints pointsOf(const TaggedView& value);
 
 /// The points of a usual cell in 16 bits, since every recomputation reads all of them. A number is
-/// positive: its whole part, and in the three lowest bits the fraction's number plus 1.
+/// positive: its whole part above, in the three lowest bits the number of its fraction plus 1. The
+/// bits between are for marks of whoever keeps it.
 using PackedPoints = std::int16_t;
 
-inline constexpr int packedWholeShift = 3;
-inline constexpr int packedFractionMask = (1 << packedWholeShift) - 1;
+inline constexpr int packedWholeShift = 5;
+inline constexpr int packedFractionMask = 7;
 constexpr int packedFraction(Fraction fraction) {
     return static_cast<int>(fraction) + 1;
 }
-/// An empty cell, or one whose points are kept elsewhere: it has no fraction, not even none.
-inline constexpr PackedPoints packedAbsent = 0;
+/// Has no fraction, not even none.
+inline constexpr PackedPoints packedEmpty = 0;
 /// The one negative cell. Packed as -1 and above one half it is rounded to 0, so that sums need not
 /// know of it.
 inline constexpr PackedPoints packedExcused =
     -(1 << packedWholeShift) + packedFraction(Fraction::AboveHalf);
 
-/// Whether the points can be packed: excused or empty, or a whole part from 0 to 4095.
+/// Of a number that can be packed.
+inline constexpr int largestPackedWhole = (1 << (15 - packedWholeShift)) - 1;
 constexpr bool canBePacked(const CellPoints& points) {
-    return points.whole >= 0 && points.whole >> (15 - packedWholeShift) == 0;
+    return points.whole >= 0 && points.whole <= largestPackedWhole;
 }
 
 /// Requires canBePacked(points).
 constexpr PackedPoints packed(const CellPoints& points) {
-    if (points.empty) return packedAbsent;
+    if (points.empty) return packedEmpty;
     if (points.excused) return packedExcused;
     return static_cast<PackedPoints>((points.whole << packedWholeShift) +
                                      packedFraction(points.fraction));
 }
 
-constexpr bool hasFraction(PackedPoints points) {
-    return points > 0 && (points & packedFractionMask) != packedFraction(Fraction::None);
-}
-
-/// Takes what is absent for empty.
 constexpr CellPoints unpacked(PackedPoints points) {
-    if (points == packedAbsent) return {};
+    if (points == packedEmpty) return {};
     if (points == packedExcused) return {.excused = true, .empty = false};
     return {.whole = points >> packedWholeShift,
             .fraction = static_cast<Fraction>((points & packedFractionMask) - 1),
             .empty = false};
+}
+
+/// Whether it is a number and more than its whole part: one with a fraction, or one that is marked
+/// without having points here.
+constexpr bool isMoreThanWhole(PackedPoints points) {
+    return points > 0 && (points & packedFractionMask) != packedFraction(Fraction::None);
 }
 
 }  // namespace quorvel

@@ -62,7 +62,7 @@ class GradeSheet {
     void setScore(int assignment, int student, const Score& score) {
         setScore(assignment, student, score.view());
     }
-    /// The scores of neighbouring students: at least one, none of which is elsewhere.
+    /// The scores of neighbouring students, at least one.
     void setScores(int assignment, int firstStudent, std::span<const SmallValue> values);
 
     /// The new student's cells are empty. Throws SheetFullError.

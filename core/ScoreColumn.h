@@ -23,9 +23,9 @@ class ScoreColumn {
     /// Lies in the column until that changes.
     TaggedView value(int student) const;
     CellPoints points(int student) const;
-    /// The values of the students from `first` to at most `last` as they are stored, up to one that
-    /// is no small value or is not stored. Lie in the column until that changes.
-    std::span<const SmallValue> smallValues(int first, int last) const;
+    /// Fills `target` with the values of the students from `first` on, up to one that is no small
+    /// value. How many it got.
+    std::size_t smallValues(int first, std::span<SmallValue> target) const;
 
     void setScore(int student, const Score& score) { setValue(student, score.view()); }
     /// A column that finds no memory stays as it was.
@@ -60,11 +60,16 @@ class ScoreColumn {
     NumericSum numericSum() const;
 
     /// The number of students up to the last stored cell.
-    int storedCount() const { return static_cast<int>(points_.size()); }
+    int storedCount() const { return static_cast<int>(cells_.size()); }
     /// How many cells behind the stored ones hold the whole number 0; those behind them are empty.
     int zeroCount() const { return zeroCount_; }
 
   private:
+    /// A small value that its points do not tell.
+    struct ApartCell {
+        int student = 0;
+        SmallValue value;
+    };
     /// A value that does not fit into a small one, or whose points cannot be packed.
     struct LargeCell {
         TaggedValue value;
@@ -75,15 +80,24 @@ class ScoreColumn {
     bool isUnstoredZero(int student) const {
         return student > storedCount() && student <= storedCount() + zeroCount_;
     }
-    void reorderLargeCells(std::span<const int> order);
-    void forgetTail();
     void storeThrough(int student);
-    void setZero(std::size_t index);
+    void forgetTail();
+    std::size_t apartIndex(int student) const;
+    bool isApart(std::size_t index, int student) const;
+    TaggedView valueApart(int student) const;
+    void setApart(int student, const SmallValue& value);
+    void dropApart(int student);
+    void forgetApart(int student);
+    std::vector<ApartCell> apartInOrder(std::span<const int> order,
+                                        std::span<const PackedPoints> cells) const;
+    void reorderLargeCells(std::span<const int> order);
 
-    /// A cell's points and its value, one of each for every stored cell.
-    std::vector<PackedPoints> points_;
-    std::vector<SmallValue> cells_;
-    /// Those that are elsewhere, by student.
+    /// The stored cells. A usual value is told by its points alone: nothing, "E", and whole numbers
+    /// up to 1023, typed or of 16 bits. That is two bytes a cell, and nearly every cell.
+    std::vector<PackedPoints> cells_;
+    /// The others, in the order of their students ...
+    std::vector<ApartCell> apartCells_;
+    /// ... and by student.
     std::map<int, LargeCell> largeCells_;
     int zeroCount_ = 0;
 };

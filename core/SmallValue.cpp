@@ -44,7 +44,6 @@ TaggedView SmallValue::view() const {
         case Type::Text:
             return text();
         case Type::Empty:
-        case Type::Elsewhere:
             break;
     }
     return {};

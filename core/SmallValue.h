@@ -30,21 +30,14 @@ class SmallValue {
     }
     /// Becomes the text of the first `length` characters; what stands behind them does not matter.
     /// Requires length <= longestText.
-    void setText(const Characters& characters, std::size_t length);
-    /// Says that the value is kept elsewhere, since it does not fit.
-    static SmallValue elsewhere() {
-        SmallValue value;
-        value.type_ = Type::Elsewhere;
-        return value;
-    }
+    constexpr void setText(const Characters& characters, std::size_t length);
 
-    bool isEmpty() const { return type_ == Type::Empty; }
     bool isText() const { return type_ == Type::Text; }
-    bool isElsewhere() const { return type_ == Type::Elsewhere; }
 
-    /// Lies in this value, which is not elsewhere.
+    /// Lies in this value.
     TaggedView view() const;
-    /// What a text of one to four digits counts as; -1 for any other value.
+    /// What a text of one to four digits counts as, if there is no needless zero before them; -1
+    /// for any other value.
     int fewDigits() const;
     /// Requires a text. Lies in this value.
     std::string_view text() const { return {payload_.data(), textLength_}; }
@@ -52,16 +45,8 @@ class SmallValue {
     const Characters& characters() const { return payload_; }
 
   private:
-    enum class Type : std::uint8_t {
-        // As a tagged value numbers them.
-        Empty,
-        Integer16,
-        Integer32,
-        Single,
-        Double,
-        Text,
-        Elsewhere
-    };
+    /// As a tagged value numbers them.
+    enum class Type : std::uint8_t { Empty, Integer16, Integer32, Single, Double, Text };
 
     Type type_ = Type::Empty;
     std::uint8_t textLength_ = 0;
@@ -69,7 +54,7 @@ class SmallValue {
 };
 
 // Where it lies, since a copy of so few bytes would have to wait for each of them.
-inline void SmallValue::setText(const Characters& characters, std::size_t length) {
+constexpr void SmallValue::setText(const Characters& characters, std::size_t length) {
     static_assert(std::endian::native == std::endian::little);
     constexpr std::size_t bits = 8;
     // All characters at once: sheets are read by the hundred thousand scores.
@@ -90,7 +75,9 @@ inline int SmallValue::fewDigits() const {
     digits = (digits ^ 0x30303030U) << bits * (few - textLength_);
     const bool isDigits = ((digits | (digits + 0x76767676U)) & 0x80808080U) == 0;
     const std::uint32_t pairs = digits * 10 + (digits >> bits);
-    return isDigits ? static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 2 * bits & 0xFF)) : -1;
+    const std::uint32_t number = (pairs & 0xFF) * 100 + (pairs >> 2 * bits & 0xFF);
+    constexpr std::array<std::uint32_t, few + 1> smallest{0, 0, 10, 100, 1000};
+    return isDigits && number >= smallest[textLength_] ? static_cast<int>(number) : -1;
 }
 
 }  // namespace quorvel

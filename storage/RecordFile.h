@@ -99,7 +99,7 @@ class RecordWriter {
     void text(std::string_view value);
     void taggedValue(const TaggedValue& value) { taggedView(viewOf(value)); }
     void taggedView(const TaggedView& value);
-    /// Writes a record for each. None may be elsewhere.
+    /// Writes a record for each.
     void smallValues(std::span<const SmallValue> values);
 
     std::span<const std::byte> bytes() const { return bytes_; }
@@ -122,7 +122,7 @@ class RecordStream {
 
     /// What the next value is to be written into; it is not to be kept.
     RecordWriter& next();
-    /// Writes a record for each. None may be elsewhere.
+    /// Writes a record for each.
     void smallValues(std::span<const SmallValue> values);
     /// Writes whole records as they are.
     void add(std::span<const std::byte> records);

@@ -17,7 +17,7 @@ namespace quorvel {
 
 namespace {
 
-/// How many scores wait to be stored together.
+/// How many scores are taken together.
 constexpr std::size_t scoresAtATime = 1024;
 
 static_assert(Score::longestText == longestTaggedText, "what can be typed is kept");
@@ -139,10 +139,12 @@ class SheetWriter {
         const ScoreColumn& column = sheet_.scores(assignment);
         for (int student = 1; student <= students;) {
             if (!goesOn()) return false;
-            const auto values = column.smallValues(student, students);
-            stream_.smallValues(values);
-            student += static_cast<int>(values.size());
-            if (values.empty()) stream_.next().taggedView(column.value(student++));
+            const auto wanted = static_cast<std::size_t>(students - student + 1);
+            const auto values = std::span(values_).first(std::min(values_.size(), wanted));
+            const std::size_t count = column.smallValues(student, values);
+            stream_.smallValues(values.first(count));
+            student += static_cast<int>(count);
+            if (count < values.size()) stream_.next().taggedView(column.value(student++));
         }
         return true;
     }
@@ -162,6 +164,7 @@ class SheetWriter {
 
     RecordStream& stream_;
     const GradeSheet& sheet_;
+    std::array<SmallValue, scoresAtATime> values_;
 };
 
 }  // namespace

@@ -33,7 +33,7 @@ std::int16_t expectedPossible(std::int16_t possible, std::int16_t value, bool is
 
 std::vector<CellPoints> everyKindOfCell() {
     std::vector<CellPoints> cells{{}, {.excused = true, .empty = false}};
-    for (const int whole : {0, 1, 2, 17, 4094, 4095})
+    for (const int whole : {0, 1, 2, 17, 1022, 1023})
         for (const auto fraction :
              {Fraction::None, Fraction::BelowHalf, Fraction::Half, Fraction::AboveHalf})
             cells.push_back({.whole = whole, .fraction = fraction, .empty = false});
@@ -61,15 +61,15 @@ TEST(PackedPoints, GivesBackWhatWasPacked) {
 }
 
 TEST(PackedPoints, HasRoomForUsualScores) {
-    EXPECT_FALSE(canBePacked({.whole = 4096, .empty = false}));
+    EXPECT_FALSE(canBePacked({.whole = 1024, .empty = false}));
     EXPECT_FALSE(canBePacked({.whole = -1, .empty = false}));
     EXPECT_FALSE(canBePacked({.whole = CellPoints::wholeLimit, .empty = false}));
     EXPECT_FALSE(canBePacked({.whole = -CellPoints::wholeLimit, .empty = false}));
 }
 
-TEST(PackedPoints, TellsNumbersWithAFraction) {
+TEST(PackedPoints, TellsNumbersThatAreMoreThanTheirWholePart) {
     for (const CellPoints& cell : everyKindOfCell())
-        EXPECT_EQ(hasFraction(packed(cell)), cell.fraction != Fraction::None) << cell.whole;
+        EXPECT_EQ(isMoreThanWhole(packed(cell)), cell.fraction != Fraction::None) << cell.whole;
 }
 
 TEST(PointSums, AddWhatACellCounts) {
@@ -84,7 +84,7 @@ TEST(PointSums, AddWhatACellCounts) {
 }
 
 TEST(PointSums, AddACellThatCannotBePacked) {
-    for (const int whole : {-CellPoints::wholeLimit, -65536, -65535, -40000, -1, 4096, 40000, 65535,
+    for (const int whole : {-CellPoints::wholeLimit, -65536, -65535, -40000, -1, 1024, 40000, 65535,
                             65536, CellPoints::wholeLimit}) {
         for (const auto fraction : {Fraction::None, Fraction::Half, Fraction::AboveHalf}) {
             const CellPoints cell{.whole = whole, .fraction = fraction, .empty = false};
@@ -132,6 +132,29 @@ TEST(PointSums, AddToEachStudentItsOwnCell) {
     }
 }
 
+TEST(PointSums, FindTheCellsThatAreWanted) {
+    constexpr int mark = 16;
+    for (const std::size_t size : {0, 1, 31, 32, 33, 100}) {
+        for (std::size_t wanted = 0; wanted <= size; ++wanted) {
+            std::vector<PackedPoints> cells(size, packed({.whole = 17, .empty = false}));
+            EXPECT_EQ(findMoreThanWhole(cells, 0), size);
+            EXPECT_EQ(findMarked(cells, 0, mark), size);
+            if (wanted == size) continue;
+            cells[wanted] = packed({.whole = 0, .fraction = Fraction::Half, .empty = false});
+            EXPECT_EQ(findMoreThanWhole(cells, 0), wanted);
+            EXPECT_EQ(findMoreThanWhole(cells, wanted), wanted);
+            EXPECT_EQ(findMoreThanWhole(cells, wanted + 1), size);
+            EXPECT_EQ(findMarked(cells, 0, mark), size);
+            cells[wanted] = mark;
+            EXPECT_EQ(findMoreThanWhole(cells, 0), wanted) << "its points are kept elsewhere";
+            EXPECT_EQ(findMarked(cells, 0, mark), wanted);
+            EXPECT_EQ(findMarked(cells, wanted + 1, mark), size);
+        }
+    }
+    EXPECT_FALSE(isMoreThanWhole(packedEmpty));
+    EXPECT_FALSE(isMoreThanWhole(packedExcused));
+}
+
 TEST(PointSums, AddUpTheNumbersOfAColumn) {
     const auto kinds = everyKindOfCell();
     for (std::size_t size = 0; size < 100; ++size) {
@@ -148,8 +171,8 @@ TEST(PointSums, AddUpTheNumbersOfAColumn) {
         ASSERT_EQ(sum.wholeParts, wholeParts);
         ASSERT_EQ(sum.count, count);
     }
-    const PackedSum most = sumOf(std::vector(32767, packed({.whole = 4095, .empty = false})));
-    EXPECT_EQ(most.wholeParts, 32767 * 4095);
+    const PackedSum most = sumOf(std::vector(32767, packed({.whole = 1023, .empty = false})));
+    EXPECT_EQ(most.wholeParts, 32767 * 1023);
 }
 
 }  // namespace

@@ -347,8 +347,10 @@ TEST(ScoreColumn, MovesItsZerosWithTheirStudents) {
 
 TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
     std::mt19937 random(14);
-    const Score values[] = {Score(), Score::zero(), Score::zero(), text("5"), text(longText)};
-    const Score smallOnes[] = {Score(), Score::zero(), text("5"), text("-1"), text("99999999")};
+    const Score values[] = {Score(),   Score::zero(), Score::zero(), text("5"),
+                            text("E"), text("7.5"),   text("99999"), text(longText)};
+    const Score smallOnes[] = {Score(),     Score::zero(), text("5"),
+                               text("007"), text("-1"),    text("99999999")};
     constexpr int most = 12;
     for (int round = 0; round < 300; ++round) {
         ScoreColumn column;
@@ -392,6 +394,10 @@ TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
                 for (const int s : order) moved.push_back(plain[static_cast<std::size_t>(s) - 1]);
                 plain = moved;
             }
+            Decimal sum;
+            for (const Score& score : plain)
+                if (score.isNumeric()) sum += score.reading();
+            ASSERT_EQ(column.numericSum().sum, sum) << "round " << round << ", step " << step;
             for (int s = 1; s <= most; ++s)
                 ASSERT_EQ(column.score(s), s <= static_cast<int>(plain.size())
                                                ? plain[static_cast<std::size_t>(s) - 1]
@@ -442,21 +448,36 @@ TEST(ScoreColumn, TakesManyValuesBehindItsZerosAndInTheirPlace) {
 
 TEST(ScoreColumn, GivesItsSmallValuesUpToTheFirstThatIsNone) {
     ScoreColumn column;
-    column.setValues(1, smallValues({text("1"), text("2"), text("3"), text("4")}));
-    column.setScore(3, text(longText));
-    const auto found = [&column](int first, int last) {
+    column.setValues(1, smallValues({text("1"), text("1023"), text("7.5"), text("8"), text("E")}));
+    column.setScore(4, text(longText));
+    column.fillEmpty(6);
+    const auto found = [&column](int first, std::size_t most) {
+        std::vector<SmallValue> target(most);
+        target.resize(column.smallValues(first, target));
         Texts values;
-        for (const SmallValue& value : column.smallValues(first, last))
-            values.push_back(textOf(value.view()));
+        for (const SmallValue& value : target) values.push_back(textOf(value.view()));
         return values;
     };
-    EXPECT_EQ(found(1, 4), (Texts{"1", "2"}));
+    EXPECT_EQ(found(1, 8), (Texts{"1", "1023", "7.5"}));
     EXPECT_EQ(found(1, 1), (Texts{"1"}));
-    EXPECT_EQ(found(3, 4), Texts());
-    EXPECT_EQ(found(4, 9), (Texts{"4"}));
-    EXPECT_EQ(found(5, 9), Texts());
+    EXPECT_EQ(found(4, 2), Texts());
+    EXPECT_EQ(found(5, 3), (Texts{"E", "0", ""}));
     column.setScore(2, text("5000"));
-    EXPECT_EQ(found(1, 4), (Texts{"1"})) << "its points are kept elsewhere, and so is it";
+    EXPECT_EQ(found(1, 3), (Texts{"1", "5000", "7.5"}));
+}
+
+TEST(ScoreColumn, GivesBackEveryWholeNumberAsItWasTyped) {
+    ScoreColumn column;
+    for (int whole = -2; whole <= 1100; ++whole) {
+        for (const Score& score : {text(std::to_string(whole)), number(whole),
+                                   text("0" + std::to_string(whole)), Score(TaggedValue(whole))}) {
+            column.setScore(1, score);
+            ASSERT_EQ(column.score(1), score) << whole;
+            ASSERT_EQ(column.points(1).whole, score.reading().toInteger());
+            ASSERT_EQ(column.numericSum().sum, score.reading());
+            ASSERT_EQ(column.numericSum().count, 1);
+        }
+    }
 }
 
 TEST(ScoreColumn, AddsItsLargeCellsToTheSumsOfTheirStudents) {

@@ -34,6 +34,8 @@ MOST_SECONDS = 0.5
 # Below each of these on paper stand the head of a table and some rows, the number of the page not counted.
 HEADINGS = ("Contents", "By student By assignment", "Students", "Assignments", "Every score")
 LINES_BELOW_A_HEADING = 3
+# What the notes at the end begin with.
+NOTES = "Grading scale:"
 
 # What a page shows of each class, as a person reads it off its tables.
 READ_CLASSES = """
@@ -86,8 +88,8 @@ def processor_time():
     return used.ru_utime + used.ru_stime
 
 
-def headings_alone(printed):
-    """The headings that have too little below them on their sheet of a PDF."""
+def left_alone(printed):
+    """What stands alone on a sheet of a PDF: headings with too little below them, notes with nothing above."""
     text = subprocess.run(
         ["pdftotext", "-layout", "-", "-"], input=printed, capture_output=True, check=True, timeout=120
     ).stdout.decode("utf-8")
@@ -95,6 +97,7 @@ def headings_alone(printed):
     for sheet in text.split("\f"):
         lines = [" ".join(line.split()) for line in sheet.splitlines() if line.strip()][:-1]
         found += [line for line in lines[-LINES_BELOW_A_HEADING:] if line in HEADINGS]
+        found += [line for line in lines[:1] if line.startswith(NOTES)]
     return found
 
 
@@ -168,7 +171,7 @@ class Proof:
             self.keep(f"{name}-{width}-{scheme}.png", self.browser.picture())
         for paper, size in PAPERS.items():
             printed = self.browser.paper(size)
-            self.expect(f"{name} on {paper}: headings alone", headings_alone(printed), [])
+            self.expect(f"{name} on {paper}: left alone", left_alone(printed), [])
             self.keep(f"{name}-{paper}.pdf", printed)
         self.expect(f"{name}: its requests", set(self.browser.requests()) - {"data:,"}, {page.as_uri()})
         self.expect(f"{name}: what the browser complains of", self.browser.complaints(), [])

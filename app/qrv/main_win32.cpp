@@ -1,4 +1,5 @@
 #include "platform/win32/CommandLine.h"
+#include "platform/win32/ProgramFolder.h"
 #include "platform/win32/WindowsFiles.h"
 #include "qrv/Qrv.h"
 
@@ -9,7 +10,7 @@ int main() {
     // The shells of Windows leave * and ? to the program.
     quorvel::Environment environment{.files = files,
                                      .codePage = codePage,
-                                     .programFolder = quorvel::folderOfProgram(),
+                                     .programFolder = quorvel::programFolder(),
                                      .expandsWildcards = true};
     return static_cast<int>(quorvel::runQrv(quorvel::commandLineArguments(), environment));
 }

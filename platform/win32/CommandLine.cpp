@@ -16,9 +16,6 @@ namespace quorvel {
 
 namespace {
 
-/// The longest that Windows knows, in characters.
-constexpr std::size_t longestPath = 32767;
-
 struct LocalFreer {
     void operator()(wchar_t** words) const { LocalFree(static_cast<HLOCAL>(words)); }
 };
@@ -45,12 +42,6 @@ std::vector<std::string> commandLineArguments() {
 
 CodePage sheetCodePage() {
     return systemCodePage();
-}
-
-std::filesystem::path folderOfProgram() {
-    std::wstring file(longestPath, L'\0');
-    file.resize(GetModuleFileNameW(nullptr, file.data(), static_cast<DWORD>(file.size())));
-    return std::filesystem::path(file).parent_path();
 }
 
 Utf8Streams::Utf8Streams() : consoleCodePage_(GetConsoleOutputCP()) {

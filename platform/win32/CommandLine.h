@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -13,9 +12,6 @@ std::vector<std::string> commandLineArguments();
 
 /// The code page that sheets are written in on this system.
 CodePage sheetCodePage();
-
-/// The folder that the program lies in.
-std::filesystem::path folderOfProgram();
 
 /// While it lives, standard input and output carry bytes as they are, and a console shows them as
 /// UTF-8.

@@ -4,8 +4,8 @@
 
 #include "tests/speed/window/EmptyWindow.h"
 
-// empty_window [TEXT], a path as it is
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR text, int) {
-    quorvel::runEmptyWindow(text);
+// empty_window [TEXT]: the command line is the path as it is
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR lpCmdLine, int) {
+    quorvel::runEmptyWindow(lpCmdLine);
     return 0;
 }

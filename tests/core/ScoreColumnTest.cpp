@@ -409,6 +409,7 @@ TEST(ScoreColumn, ReadsTheSameAsPlainCellsWhateverIsDone) {
 
 std::vector<SmallValue> smallValues(const std::vector<Score>& scores) {
     std::vector<SmallValue> values;
+    values.reserve(scores.size());
     for (const Score& score : scores) values.emplace_back(score.view());
     return values;
 }

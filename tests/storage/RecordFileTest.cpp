@@ -238,6 +238,7 @@ std::vector<std::string> smallTextsOf(RecordReader& reader, std::size_t most) {
     std::vector<SmallValue> values(most);
     values.resize(reader.smallTexts(values));
     std::vector<std::string> texts;
+    texts.reserve(values.size());
     for (const SmallValue& value : values) texts.push_back(textOf(value.view()));
     return texts;
 }

@@ -78,7 +78,8 @@ def check(data, scale="94,86,76,70,60 (built in)"):
     def shown(number):
         return "unknown" if number is None else str(number)
 
-    title = b"" if damage and damage[0] < 3 else text_in(records[2]) or b""
+    is_titled = len(records) > 2 and not (damage and damage[0] < 3)
+    title = (text_in(records[2]) if is_titled else None) or b""
     lines = [
         "title: " + utf8(one_line(title)).decode(),
         "students: " + shown(counts[0]),

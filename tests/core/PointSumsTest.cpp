@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -134,7 +135,7 @@ TEST(PointSums, AddToEachStudentItsOwnCell) {
 
 TEST(PointSums, FindTheCellsThatAreWanted) {
     constexpr int mark = 16;
-    for (const std::size_t size : {0, 1, 31, 32, 33, 100}) {
+    for (const std::size_t size : std::array<std::size_t, 6>{0, 1, 31, 32, 33, 100}) {
         for (std::size_t wanted = 0; wanted <= size; ++wanted) {
             std::vector<PackedPoints> cells(size, packed({.whole = 17, .empty = false}));
             EXPECT_EQ(findMoreThanWhole(cells, 0), size);

@@ -36,8 +36,8 @@ TEST_F(PageTest, ShowsTheFiguresOfTheClass) {
           "M. Rivera", "3/4/2026", "<b>90.5<small>%</small></b> <i>B</i>",
           "3 students, 4 assignments, 1 excused score", "2 empty cells</a>",
           // what is missing
-          ">1 empty cell counts as no points of the full value. Left out are assignments worth 0, "
-          "where an empty cell costs nothing: Bonus (1).<",
+          ">1 empty cell counts as no points of the full value. Left out are assignments worth 0, ",
+          " worth 0, where an empty cell costs nothing: Bonus (1).<",
           ">Roe, Rick</th><td class=\"cost\">1</td>",
           // a student's and an assignment's row
           ">Doe, Jane</th>", "<td class=\"earned\">115</td><td class=\"possible\">120</td>",

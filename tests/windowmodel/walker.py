@@ -275,7 +275,9 @@ class Walker:
 
     def printed(self, text, font):
         name = f"{self.name}-{len(self.texts) + 1}.txt"
-        self.texts[name] = text
+        # Blank last lines of a page cannot be seen on paper.
+        pages = text.split(b"\f")
+        self.texts[name] = b"\f".join(page.rstrip(b"\n") + b"\n" for page in pages)
         self.lines.append(f'  expect printed "{name}"')
         if font:
             self.lines.append(f"  expect printed font {quoted(font[0])} {font[1]:g}")

@@ -24,12 +24,18 @@ endif()
 
 # What nearly every source reads takes longer than what it has to say, so it is compiled once. Whether a
 # source names all the headers that it needs is told where clang-tidy reads them.
-file(WRITE ${CMAKE_BINARY_DIR}/standard_once.cpp "")
-add_library(standard_once OBJECT ${CMAKE_BINARY_DIR}/standard_once.cpp)
-target_precompile_headers(standard_once PRIVATE
-    <algorithm> <filesystem> <functional> <map> <memory> <optional> <random> <set> <span> <sstream>
-    <string> <variant> <vector>)
-target_link_libraries(standard_once PRIVATE quorvel_options)
+#
+# quorvel_standard_once(NAME): compiled as everything else in the folder where this is called.
+function(quorvel_standard_once name)
+    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "")
+    add_library(${name} OBJECT ${CMAKE_BINARY_DIR}/${name}.cpp)
+    target_precompile_headers(${name} PRIVATE
+        <algorithm> <filesystem> <functional> <map> <memory> <optional> <random> <set> <span>
+        <sstream> <string> <variant> <vector>)
+    target_link_libraries(${name} PRIVATE quorvel_options)
+endfunction()
+quorvel_standard_once(standard_once)
+set(QUORVEL_STANDARD_ONCE standard_once)
 
 # quorvel_library(NAME FOLDER DIRECTORY SOURCES a.cpp... DEPENDS core...)
 #
@@ -45,10 +51,7 @@ function(quorvel_library name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC ${view})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE quorvel_options)
-    get_directory_property(options COMPILE_OPTIONS)
-    if(NOT options)  # compiled otherwise, it would be of no use
-        target_precompile_headers(${name} REUSE_FROM standard_once)
-    endif()
+    target_precompile_headers(${name} REUSE_FROM ${QUORVEL_STANDARD_ONCE})
     set_target_properties(${name} PROPERTIES
         QUORVEL_FOLDER "${ARG_FOLDER}" QUORVEL_DEPENDS "${ARG_DEPENDS}")
     set_property(GLOBAL APPEND PROPERTY QUORVEL_LIBRARIES ${name})

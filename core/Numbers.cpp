@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <system_error>
 
@@ -25,23 +27,55 @@ bool isLarge(std::string_view number) {
     return std::ranges::any_of(wholePart, [](char c) { return c >= '1' && c <= '9'; });
 }
 
+/// A positive number as `digits` times ten to the power of `exponent`.
+struct ScaledDigits {
+    std::int64_t digits = 0;
+    int exponent = 0;
+};
+
+/// What is nearest to `number` with `digitCount` digits.
+ScaledDigits nearestDigits(double number, int digitCount) {
+    // A digit, a point, 16 digits and an exponent of up to "e-324".
+    std::array<char, 32> form{};
+    std::snprintf(form.data(), form.size(), "%.*e", digitCount - 1, number);
+    ScaledDigits nearest;
+    const auto* character = form.begin();
+    for (; *character != 'e'; ++character)
+        if (isDigit(*character)) nearest.digits = nearest.digits * 10 + (*character - '0');
+    nearest.exponent = std::atoi(character + 1) - (digitCount - 1);
+    return nearest;
+}
+
+template <typename Real>
+bool readBackAs(Real number, const ScaledDigits& digits) {
+    const std::string form = std::to_string(digits.digits) + "e" + std::to_string(digits.exponent);
+    Real read = 0;
+    std::from_chars(form.data(), form.data() + form.size(), read);
+    return read == number;
+}
+
+/// The fewest digits that read back as `number`, which is positive.
+template <typename Real>
+ScaledDigits shortestDigits(Real number) {
+    constexpr int mostDigits = std::numeric_limits<Real>::max_digits10;
+    for (int digitCount = 1; digitCount < mostDigits; ++digitCount) {
+        ScaledDigits digits = nearestDigits(number, digitCount);
+        if (readBackAs(number, digits)) return digits;
+        // Above a power of two the next number is twice as far away as below: what lies above may
+        // read back where the nearest, below, does not.
+        ++digits.digits;
+        if (readBackAs(number, digits)) return digits;
+    }
+    return nearestDigits(number, mostDigits);
+}
+
 template <typename Real>
 std::string expandedText(Real number) {
     if (!std::isfinite(number) || number == 0) return "0";
-    // The shortest exponent form: a sign, 17 digits, a point and an exponent of up to "e-324".
-    std::array<char, 32> buffer{};
-    const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
-                                          std::abs(number), std::chars_format::scientific)
-                                .ptr;
-    const std::string_view form(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    const std::size_t mark = form.find('e');
-    std::string digits(1, form[0]);
-    if (mark > 1) digits += form.substr(2, mark - 2);
-    int exponent = 0;
-    std::from_chars(form.data() + mark + (form[mark + 1] == '+' ? 2 : 1), end, exponent);
-
-    const int wholeDigits = exponent + 1;
+    const ScaledDigits shortest = shortestDigits(std::abs(number));
+    std::string digits = std::to_string(shortest.digits);
     const int digitCount = static_cast<int>(digits.size());
+    const int wholeDigits = digitCount + shortest.exponent;
     if (wholeDigits <= 0)
         digits.insert(0, "0." + std::string(static_cast<std::size_t>(-wholeDigits), '0'));
     else if (wholeDigits < digitCount)

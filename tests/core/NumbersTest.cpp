@@ -1,8 +1,12 @@
+#include <algorithm>
+#include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <random>
+#include <string>
 
 #include "core/Numbers.h"
 
@@ -137,6 +141,38 @@ TEST(DecimalText, ReadsBackForNumbersOfAnySize) {
         EXPECT_EQ(leadingNumber(text), number) << text;
         EXPECT_EQ(leadingNumberText(text), text);
     }
+}
+
+template <typename Real>
+void expectTheDigitsOfTheLibrary(Real number) {
+    std::array<char, 32> form{};
+    const auto end =
+        std::to_chars(form.data(), form.data() + form.size(), number, std::chars_format::scientific)
+            .ptr;
+    std::string digits(form.data(), std::find(form.data(), end, 'e'));
+    std::erase(digits, '.');
+    std::string ours = decimalText(number);
+    std::erase(ours, '.');
+    ours.erase(0, ours.find_first_not_of('0'));
+    ours.erase(ours.find_last_not_of('0') + 1);
+    EXPECT_EQ(ours, digits) << number;
+}
+
+template <typename Real>
+void expectTheDigitsOfTheLibraryAboutPowersOfTwo() {
+    constexpr Real zero = 0;
+    for (Real power = std::numeric_limits<Real>::denorm_min(); std::isfinite(power); power *= 2) {
+        expectTheDigitsOfTheLibrary(power);
+        expectTheDigitsOfTheLibrary(std::nextafter(power, std::numeric_limits<Real>::max()));
+        if (power > std::numeric_limits<Real>::denorm_min())
+            expectTheDigitsOfTheLibrary(std::nextafter(power, zero));
+    }
+}
+
+TEST(DecimalText, HasTheFewestDigitsAboutPowersOfTwoWhereNumbersChangeTheirDistance) {
+    EXPECT_EQ(decimalText(std::ldexp(1.0, -44)), "0.00000000000005684341886080802");
+    expectTheDigitsOfTheLibraryAboutPowersOfTwo<double>();
+    expectTheDigitsOfTheLibraryAboutPowersOfTwo<float>();
 }
 
 TEST(RoundHalfEven, TakesTheNearestAndAtAHalfTheEvenNeighbour) {

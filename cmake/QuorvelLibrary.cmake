@@ -20,6 +20,14 @@ if(WIN32)
         -ffunction-sections -fdata-sections -fstack-protector-strong)
     target_link_options(quorvel_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
         -Wl,--no-insert-timestamp -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+
+    # LLVM's linker leaves out what nothing refers to; the cross-compiler's own keeps every function of
+    # an object that it takes once, since the table for unwinding refers to it. g++ starts only its own,
+    # so clang++ does, which has to be told where Debian keeps the cross-compiler's libraries.
+    set(libraries /usr/lib/gcc/x86_64-w64-mingw32/12-posix)
+    string(CONCAT CMAKE_CXX_LINK_EXECUTABLE
+        "clang++ --target=x86_64-w64-mingw32 -fuse-ld=lld -B${libraries} -L${libraries}"
+        " <FLAGS> <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES> -lpthread")
 endif()
 
 # What nearly every source reads takes longer than what it has to say, so it is compiled once. Whether a

@@ -62,10 +62,4 @@ constexpr CellPoints unpacked(PackedPoints points) {
             .empty = false};
 }
 
-/// Whether it is a number and more than its whole part: one with a fraction, or one that is marked
-/// without having points here.
-constexpr bool isMoreThanWhole(PackedPoints points) {
-    return points > 0 && (points & packedFractionMask) != packedFraction(Fraction::None);
-}
-
 }  // namespace quorvel

@@ -34,23 +34,6 @@ void addPossible(std::int16_t value, std::span<const PackedPoints> cells,
         sum = farther(sum, wrapped(sum + value));
 }
 
-/// The index of the first cell from `start` on that is wanted; the number of cells without one. Few
-/// are, so whole groups are passed over.
-template <typename IsWanted>
-std::size_t findFirst(std::span<const PackedPoints> cells, std::size_t start, IsWanted isWanted) {
-    constexpr std::size_t group = 32;
-    const auto groupHasNone = [&](std::size_t first) {
-        std::int16_t any = 0;
-        for (const PackedPoints cell : cells.subspan(first).first<group>())
-            any = static_cast<std::int16_t>(any | (isWanted(cell) ? 1 : 0));
-        return any == 0;
-    };
-    std::size_t index = start;
-    while (index + group <= cells.size() && groupHasNone(index)) index += group;
-    while (index < cells.size() && !isWanted(cells[index])) ++index;
-    return index;
-}
-
 }  // namespace
 
 void addEarned(std::span<const PackedPoints> cells, std::span<std::int16_t> earned) {
@@ -78,12 +61,19 @@ void addPossible(std::int16_t value, std::span<const PackedPoints> cells,
         addPossible(value, cells, possible, higher);
 }
 
-std::size_t findMoreThanWhole(std::span<const PackedPoints> cells, std::size_t start) {
-    return findFirst(cells, start, isMoreThanWhole);
-}
-
 std::size_t findMarked(std::span<const PackedPoints> cells, std::size_t start, int marks) {
-    return findFirst(cells, start, [marks](PackedPoints cell) { return (cell & marks) != 0; });
+    // Few are, so whole groups are passed over.
+    constexpr std::size_t group = 32;
+    const auto groupHasNone = [&](std::size_t first) {
+        PackedPoints any = 0;
+        for (const PackedPoints cell : cells.subspan(first).first<group>())
+            any = static_cast<PackedPoints>(any | cell);
+        return (any & marks) == 0;
+    };
+    std::size_t index = start;
+    while (index + group <= cells.size() && groupHasNone(index)) index += group;
+    while (index < cells.size() && (cells[index] & marks) == 0) ++index;
+    return index;
 }
 
 PackedSum sumOf(std::span<const PackedPoints> cells) {

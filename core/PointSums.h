@@ -19,10 +19,8 @@ void addEarned(const CellPoints& cell, std::int16_t& earned);
 void addPossible(std::int16_t value, std::span<const PackedPoints> cells,
                  std::span<std::int16_t> possible);
 
-/// The index of the first number from index `start` on that is more than its whole part; the number
-/// of cells where there is none.
-std::size_t findMoreThanWhole(std::span<const PackedPoints> cells, std::size_t start);
-/// The same for the first cell that has one of these marks.
+/// The index of the first cell from index `start` on that has one of these marks; the number of
+/// cells where there is none.
 std::size_t findMarked(std::span<const PackedPoints> cells, std::size_t start, int marks);
 
 /// Of the cells that are numbers.

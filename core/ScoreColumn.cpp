@@ -235,12 +235,13 @@ void ScoreColumn::addPoints(std::int16_t value, std::span<std::int16_t> earned,
 ScoreColumn::NumericSum ScoreColumn::numericSum() const {
     const PackedSum packedSum = sumOf(cells_);
     NumericSum numeric{.sum = {}, .count = zeroCount_ + packedSum.count};
+    // Only what is kept apart can be more than its whole part.
     std::int64_t wholeSum = packedSum.wholeParts;
-    for (auto i = findMoreThanWhole(cells_, 0); i < cells_.size();
-         i = findMoreThanWhole(cells_, i + 1)) {
-        wholeSum -= cells_[i] >> packedWholeShift;
-        numeric.sum += readingOf(value(static_cast<int>(i) + 1));
+    for (const auto& [student, value] : apartCells_) {
+        wholeSum -= cells_[indexOf(student)] >> packedWholeShift;
+        numeric.sum += readingOf(value.view());
     }
+    for (const auto& [student, cell] : largeCells_) numeric.sum += readingOf(viewOf(cell.value));
     numeric.sum += Decimal(wholeSum);
     return numeric;
 }

@@ -68,11 +68,6 @@ TEST(PackedPoints, HasRoomForUsualScores) {
     EXPECT_FALSE(canBePacked({.whole = -CellPoints::wholeLimit, .empty = false}));
 }
 
-TEST(PackedPoints, TellsNumbersThatAreMoreThanTheirWholePart) {
-    for (const CellPoints& cell : everyKindOfCell())
-        EXPECT_EQ(isMoreThanWhole(packed(cell)), cell.fraction != Fraction::None) << cell.whole;
-}
-
 TEST(PointSums, AddWhatACellCounts) {
     const auto sums = sumsOfInterest();
     for (const CellPoints& cell : everyKindOfCell()) {
@@ -133,27 +128,21 @@ TEST(PointSums, AddToEachStudentItsOwnCell) {
     }
 }
 
-TEST(PointSums, FindTheCellsThatAreWanted) {
+TEST(PointSums, FindTheCellsThatAreMarked) {
     constexpr int mark = 16;
     for (const std::size_t size : std::array<std::size_t, 6>{0, 1, 31, 32, 33, 100}) {
         for (std::size_t wanted = 0; wanted <= size; ++wanted) {
             std::vector<PackedPoints> cells(size, packed({.whole = 17, .empty = false}));
-            EXPECT_EQ(findMoreThanWhole(cells, 0), size);
             EXPECT_EQ(findMarked(cells, 0, mark), size);
             if (wanted == size) continue;
             cells[wanted] = packed({.whole = 0, .fraction = Fraction::Half, .empty = false});
-            EXPECT_EQ(findMoreThanWhole(cells, 0), wanted);
-            EXPECT_EQ(findMoreThanWhole(cells, wanted), wanted);
-            EXPECT_EQ(findMoreThanWhole(cells, wanted + 1), size);
             EXPECT_EQ(findMarked(cells, 0, mark), size);
             cells[wanted] = mark;
-            EXPECT_EQ(findMoreThanWhole(cells, 0), wanted) << "its points are kept elsewhere";
             EXPECT_EQ(findMarked(cells, 0, mark), wanted);
+            EXPECT_EQ(findMarked(cells, wanted, mark), wanted);
             EXPECT_EQ(findMarked(cells, wanted + 1, mark), size);
         }
     }
-    EXPECT_FALSE(isMoreThanWhole(packedEmpty));
-    EXPECT_FALSE(isMoreThanWhole(packedExcused));
 }
 
 TEST(PointSums, AddUpTheNumbersOfAColumn) {

@@ -175,6 +175,7 @@ TEST(ScoreColumn, AddsUpItsNumericScoresExactly) {
         {{Score(), Score::excused()}, "0", 0},
         {{text("17"), Score(), text("-999999"), Score::excused(), Score::zero()}, "-999982", 3},
         {{text("17.25"), text("1.5"), text("2")}, "20.75", 3},
+        {{text("007"), text("2.50 "), text("x"), text("-.5")}, "9", 4},
         {{text("5000000"), text("-7000000.5"), text("absent")}, "-2000000.5", 3},
     };
     for (const Case& c : cases) {

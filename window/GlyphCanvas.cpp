@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 
 namespace quorvel {
@@ -41,6 +40,9 @@ bool canBeDrawn(std::string_view text) {
         text, [](char character) { return glyphOf(character, GlyphSet::Plain) == noGlyph; });
 }
 
+/// The smallest number that has more digits than so many slots hold.
+constexpr std::array firstTooLong{1, 10, 100, 1'000, 10'000};
+
 constexpr std::size_t mostPlacings = std::numeric_limits<std::int16_t>::max();
 
 constexpr int bandsIn(int height) {
@@ -76,16 +78,12 @@ GlyphCanvas::Place& GlyphCanvas::placeOf(Surface surface, int x, int y) {
     return places_[static_cast<std::size_t>(band * Canvas::wideWidth + x)];
 }
 
-void GlyphCanvas::place(Surface surface, int glyph, int x, int y) {
-    placeSlots(surface, x, y, 1, [glyph](int) { return glyph; });
-}
-
-/// Places what `glyphAt` says for each of the neighbouring slots from x on. Most of it stands there
-/// already.
+/// Places what `glyphAt` says for each of the neighbouring slots from x on, the last one first.
+/// Most of it stands there already.
 template <typename GlyphAt>
 void GlyphCanvas::placeSlots(Surface surface, int x, int y, int slots, GlyphAt glyphAt) {
     Place* const first = &placeOf(surface, x, y);
-    for (int slot = 0; slot < slots; ++slot) {
+    for (int slot = slots - 1; slot >= 0; --slot) {
         const int right = canvas_places::slotLeft(0, slot);
         const int glyph = glyphAt(slot);
         Place& place = first[right];
@@ -105,11 +103,15 @@ void GlyphCanvas::placeBlanks(Surface surface, GlyphSet set, int x, int y, int s
     placeSlots(surface, x, y, slots, [blank](int) { return blank; });
 }
 
+void GlyphCanvas::placeDecimalPoints(Surface surface, int x, int y, int slots) {
+    placeSlots(surface, x, y, slots, [](int) { return glyph::decimalPoint; });
+}
+
 void GlyphCanvas::placeText(Surface surface, GlyphSet set, std::string_view text, int x, int y,
                             int slots) {
     const int blanks = slots - static_cast<int>(text.size());
     if (blanks < 0 || !canBeDrawn(text)) {
-        placeSlots(surface, x, y, slots, [](int) { return glyph::decimalPoint; });
+        placeDecimalPoints(surface, x, y, slots);
         return;
     }
     placeSlots(surface, x, y, slots, [=](int slot) {
@@ -120,9 +122,17 @@ void GlyphCanvas::placeText(Surface surface, GlyphSet set, std::string_view text
 
 void GlyphCanvas::placeNumber(Surface surface, GlyphSet set, std::int64_t number, int x, int y,
                               int slots) {
-    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> text{};  // and a sign
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    placeText(surface, set, {text.data(), end}, x, y, slots);
+    if (number < 0 || number >= firstTooLong[static_cast<std::size_t>(slots)]) {
+        placeDecimalPoints(surface, x, y, slots);
+        return;
+    }
+    auto rest = static_cast<int>(number);
+    placeSlots(surface, x, y, slots, [=](int slot) mutable {
+        const bool isBeforeNumber = rest == 0 && slot < slots - 1;
+        const int digit = rest % 10;
+        rest /= 10;
+        return isBeforeNumber ? glyph::blank(set) : glyph::digit(digit, set);
+    });
 }
 
 void GlyphCanvas::finish() {

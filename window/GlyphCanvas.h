@@ -18,15 +18,16 @@ class GlyphCanvas {
     void load(const std::filesystem::path& programFolder, CanvasSize size);
     void release();
 
-    /// Wants `glyph` with its upper left corner at pixel (x, y) of the wide canvas. The glyph
-    /// placed last stays on top where two overlap. All glyphs of a row band stand at one height.
-    void place(Surface surface, int glyph, int x, int y);
-    /// Places blanks of `set` into `slots` neighbouring slots from x on.
+    // Glyphs are placed with their upper left corner at a pixel (x, y) of the wide canvas and in
+    // the neighbouring slots from there on. The glyph placed last stays on top where two overlap.
+    // All glyphs of a row band stand at one height.
+
+    /// Places blanks of `set` into the slots.
     void placeBlanks(Surface surface, GlyphSet set, int x, int y, int slots);
     /// Places `text` (digits, letters A to F, decimal points) right-aligned in `slots` slots,
     /// blanks before it; decimal points in all slots when it is longer or holds another character.
     void placeText(Surface surface, GlyphSet set, std::string_view text, int x, int y, int slots);
-    /// Places a whole number like its text.
+    /// Places a whole number like its text. Requires at most 4 slots.
     void placeNumber(Surface surface, GlyphSet set, std::int64_t number, int x, int y, int slots);
 
     /// Copies what differs from the last time and shows the canvases.
@@ -53,6 +54,7 @@ class GlyphCanvas {
     }
     template <typename GlyphAt>
     void placeSlots(Surface surface, int x, int y, int slots, GlyphAt glyphAt);
+    void placeDecimalPoints(Surface surface, int x, int y, int slots);
     void note(const Placing& placing, Place& place);
     void copyChanged();
 

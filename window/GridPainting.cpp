@@ -124,16 +124,17 @@ void drawColumnNumbers(const GridView& view, GlyphCanvas& canvas) {
 }
 
 void drawScores(const GridView& view, GlyphCanvas& canvas) {
-    for (int row = 0; row < clearedBands; ++row) {
-        const int assignments = row < view.studentCount() ? view.assignmentCount() : 0;
-        for (int column = 0; column < assignments; ++column)
-            placeScore(
-                canvas, rowSet(row),
-                view.sheet.scores(view.firstAssignment + column).points(view.firstStudent + row),
-                scoreLeft(column), rowTop(row));
-        for (int column = assignments; column < view.layout.visibleColumns; ++column)
-            canvas.placeBlanks(Surface::Grid, rowSet(row), scoreLeft(column), rowTop(row),
-                               scoreSlots);
+    for (int column = 0; column < view.layout.visibleColumns; ++column) {
+        const int left = scoreLeft(column);
+        const int students = column < view.assignmentCount() ? view.studentCount() : 0;
+        if (students > 0) {
+            const ScoreColumn& scores = view.sheet.scores(view.firstAssignment + column);
+            for (int row = 0; row < students; ++row)
+                placeScore(canvas, rowSet(row), scores.points(view.firstStudent + row), left,
+                           rowTop(row));
+        }
+        for (int row = students; row < clearedBands; ++row)
+            canvas.placeBlanks(Surface::Grid, rowSet(row), left, rowTop(row), scoreSlots);
     }
 }
 

@@ -7,6 +7,7 @@
 #include "core/Errors.h"
 #include "core/Grades.h"
 #include "core/Numbers.h"
+#include "core/Ranks.h"
 
 namespace quorvel {
 
@@ -39,21 +40,6 @@ std::vector<int> orderOf(const std::vector<std::string>& keys) {
         return keys[static_cast<std::size_t>(student) - 1];
     });
     return order;
-}
-
-/// 1 for the highest percentage; equal ones share a rank and those behind a tie skip as many.
-std::vector<int> ranksOf(const std::vector<std::int32_t>& percentages) {
-    std::vector<std::pair<std::int32_t, std::size_t>> sorted(percentages.size());
-    for (std::size_t i = 0; i < sorted.size(); ++i) sorted[i] = {percentages[i], i};
-    std::ranges::sort(sorted, std::greater{});
-    std::vector<int> ranks(percentages.size());
-    int rank = 1;
-    for (std::size_t place = 0; place < sorted.size(); ++place) {
-        if (place > 0 && sorted[place].first != sorted[place - 1].first)
-            rank = static_cast<int>(place) + 1;
-        ranks[sorted[place].second] = rank;
-    }
-    return ranks;
 }
 
 }  // namespace

@@ -169,12 +169,13 @@ void writeFiguresJson(const std::string& name, const GradeSheet& sheet, const Co
                  ",\"title\":" + json(codePage.toUtf8(sheet.sheetTitle)).dump() + ",\"students\":");
     writeList(writer, sheet.studentCount(), [&](int student) -> ordered_json {
         const StudentFigures& figures = sheet.figures(student);
+        const double percentage = tenths(figures.percentageTenths);
         return {{"number", student},
                 {"name", codePage.toUtf8(sheet.studentName(student))},
                 {"alias", codePage.toUtf8(sheet.studentAlias(student))},
                 {"earned", figures.pointsEarned},
                 {"possible", figures.pointsPossible},
-                {"percentage", tenths(figures.percentageTenths)},
+                {"percentage", percentage},
                 {"letter", letterText(figures.letterGrade)},
                 {"rank", figures.rank}};
     });

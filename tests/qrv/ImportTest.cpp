@@ -186,6 +186,23 @@ TEST_F(ImportTest, TheTitleOfTheSheetInPlaceIsKept) {
     EXPECT_EQ(read("text.txt"), read("class.qrv"));
 }
 
+TEST_F(ImportTest, ADamagedSheetsTitleIsKeptWhereItIsWhole) {
+    makeClass();
+    const std::string old = read("class.qrv");
+    write("cut.qrv", old.substr(0, 20 * 128));
+    EXPECT_EQ(qrv("import class.csv -o cut.qrv").exitCode, 0);
+    EXPECT_EQ(read("cut.qrv"), old);
+    write("cut.qrv", old.substr(0, 2 * 128 + 5));
+    EXPECT_EQ(qrv("import class.csv -o cut.qrv").exitCode, 0);
+    EXPECT_EQ(read("cut.qrv").substr(2 * 128, 128), std::string(128, '\0'));
+}
+
+TEST_F(ImportTest, WithoutAPlaceAndATitleTheSheetGoesToStandardOutputUntitled) {
+    makeClass();
+    EXPECT_EQ(qrv("import class.csv --title '' -o untitled.qrv").exitCode, 0);
+    EXPECT_EQ(shell("qrv import class.csv | cmp - untitled.qrv").exitCode, 0);
+}
+
 TEST_F(ImportTest, NothingOfALongerSheetStaysBehindTheNewOne) {
     makeClass();
     write("short.csv", "Name,Alias\nValue,\nDoe,\n");
@@ -244,6 +261,13 @@ TEST_F(ImportTest, AMissingFileOrPlaceIsAnError) {
     EXPECT_TRUE(isOneLine(run.problem, "qrv: missing/out.qrv: it cannot be written"));
     EXPECT_EQ(qrv("import class.csv -o /dev/null").exitCode, 0);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+}
+
+TEST_F(ImportTest, AStandardInputThatCannotBeReadIsAnError) {
+    const ProgramRun run = qrv("import - -o out.qrv <.");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.problem, "qrv: -: it cannot be read to its end\n");
+    EXPECT_FALSE(exists("out.qrv"));
 }
 
 }  // namespace

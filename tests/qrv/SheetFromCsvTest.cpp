@@ -38,7 +38,10 @@ TEST(SheetFromCsvTest, SeparatorsAreFoundFromTheFirstLineOutsideQuotes) {
               plain);
     EXPECT_EQ(imported("Name,Alias,Quiz; unit 2\nValue,,20\nDoe; Jane,J,5\n"),
               "Name,Alias,Quiz; unit 2\nValue,,20\nDoe; Jane,J,5\n");
-    EXPECT_TRUE(imported("sep=|\nName|Alias\nValue|\n").starts_with("line 1, column 1: "));
+    EXPECT_EQ(imported("sep=|\nName|Alias\nValue|\n"),
+              "line 1, column 1: the line sep= names neither , nor ; nor a tab: \n");
+    EXPECT_EQ(imported("sep=;;\nName;Alias\nValue;\n"),
+              "line 1, column 1: the line sep= names more than one character: \n");
 }
 
 TEST(SheetFromCsvTest, EveryLineEndIsOne) {
@@ -87,6 +90,8 @@ TEST(SheetFromCsvTest, DecimalCommasAreReadWhereACommaSeparatesNothing) {
     EXPECT_EQ(imported("Name;Alias;Quiz\nValue;;20\nDoe;;7.25\nRoe;;7.5\n"), wanted);
     EXPECT_EQ(imported("Name;Alias;Quiz\nValue;;20\nDoe;;7,25\nRoe;;1.500\n"),
               "line 4, column 3: numbers before this one have a decimal comma: 1.500\n");
+    EXPECT_EQ(imported("Name;Alias;Quiz\nValue;;20\nDoe;;7.25\nRoe;;7,5\n"),
+              "line 4, column 3: numbers before this one have a decimal point: 7,5\n");
     EXPECT_EQ(importedScore("\"7,5\""),
               "line 3, column 3: a score is a number, E or nothing: 7,5\n");
 }
@@ -139,10 +144,13 @@ TEST(SheetFromCsvTest, LinesAndColumnsWithoutContentAreLeftOut) {
 TEST(SheetFromCsvTest, FieldsMissingAtALinesEndAreEmpty) {
     EXPECT_EQ(imported("Name,Alias,A,B\nValue,,5,5\nDoe\nRoe,R,1\n"),
               "Name,Alias,A,B\nValue,,5,5\nDoe,,,\nRoe,R,1,\n");
+    EXPECT_EQ(imported("Name,Alias\nValue\nDoe\n"), "Name,Alias\nValue,\nDoe,\n");
     EXPECT_EQ(imported("Name,Alias,A,B\nValue,,5,5\nRoe,R,1"),
               "line 3, column 4: the file breaks off within this line: \n");
     EXPECT_EQ(imported("Name,Alias,A\nValue,,5\nDoe,,1,2\n"),
               "line 3, column 4: the heading has no field here: 2\n");
+    EXPECT_EQ(imported("Name,Alias,A\nValue,,5\nDoe,,1,,\n"), "Name,Alias,A\nValue,,5\nDoe,,1\n")
+        << "nothing stands there";
 }
 
 TEST(SheetFromCsvTest, AnApostropheThatKeepsATextFromBeingAFormulaGoes) {

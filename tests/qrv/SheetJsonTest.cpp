@@ -1,3 +1,5 @@
+#include "qrv/SheetJson.h"
+#include "tests/qrv/FullFile.h"
 #include "tests/qrv/SheetTexts.h"
 
 #include <gtest/gtest.h>
@@ -35,6 +37,16 @@ TEST(SheetJsonTest, HoldsAllThatASheetHolds) {
     EXPECT_EQ(importedFrom(json).title, "Math \"1\"");
 }
 
+TEST(SheetJsonTest, AFullDiskIsTriedOnce) {
+    GradeSheet sheet;
+    sheet.recreate(30000, 1);
+    FullFile file;
+    TextWriter writer(file);
+    writeSheetJson("class.qrv", sheet, CodePage::windows1252(), writer);
+    EXPECT_EQ(writer.finish(), Outcome::Failed);
+    EXPECT_EQ(file.attempts, 1);
+}
+
 TEST(SheetJsonTest, AListThatASheetNeverHadIsNull) {
     EXPECT_EQ(jsonOf({}),
               "{\"sheet\":\"class.qrv\",\"title\":\"\",\"assignments\":null,\"students\":null}\n");
@@ -45,17 +57,44 @@ TEST(SheetJsonTest, NumbersFromOtherProgramsAreReadAsWhenTyped) {
         "{\"assignments\":[{\"name\":\"Quiz\",\"value\":20}],\"students\":["
         "{\"name\":\"A\",\"alias\":\"\",\"scores\":[17]},"
         "{\"name\":\"B\",\"alias\":\"\",\"scores\":[17.5]},"
-        "{\"name\":\"C\",\"alias\":\"\",\"scores\":[\"e\"]}]}");
+        "{\"name\":\"C\",\"alias\":\"\",\"scores\":[\"e\"]},"
+        "{\"name\":\"D\",\"alias\":\"\",\"scores\":[\"\"]}]}");
     EXPECT_EQ(textOf(read.mistakes), "");
     EXPECT_EQ(read.title, std::nullopt);
     EXPECT_EQ(read.sheet.score(1, 1), Score(TaggedValue(std::int16_t{17})));
     EXPECT_EQ(read.sheet.score(1, 2), Score::ofText("18"));
     EXPECT_EQ(read.sheet.score(1, 3), Score::excused());
+    EXPECT_TRUE(read.sheet.score(1, 4).isEmpty());
+}
+
+TEST(SheetJsonTest, AWholeScoreIsTheHighestAtMost) {
+    const auto withScore = [](const std::string& score) {
+        return "{\"assignments\":[{\"name\":\"Quiz\",\"value\":20}],\"students\":["
+               "{\"name\":\"A\",\"alias\":\"\",\"scores\":[" +
+               score + "]}]}";
+    };
+    EXPECT_EQ(importedFrom(withScore("32767")).sheet.score(1, 1),
+              Score(TaggedValue(std::int16_t{32767})));
+    for (const std::string score : {"32768", "18446744073709551615"}) {
+        EXPECT_EQ(mistakes(withScore(score)),
+                  "student 1, score 1: a score is at most 32767: " + score + "\n");
+    }
+}
+
+TEST(SheetJsonTest, MoreThanASheetCanHoldIsRefused) {
+    std::string list = "[";
+    for (int i = 0; i < 32768; ++i) list += i == 0 ? "1" : ",1";
+    list += "]";
+    const std::string reason = ": more than a sheet can hold: \n";
+    EXPECT_EQ(mistakes("{\"students\":" + list + ",\"assignments\":[]}"), "students" + reason);
+    EXPECT_EQ(mistakes("{\"students\":[],\"assignments\":" + list + "}"), "assignments" + reason);
 }
 
 TEST(SheetJsonTest, MistakesAreToldWithTheirPlaces) {
     EXPECT_EQ(mistakes("{}"),
               "students: this list is missing: \nassignments: this list is missing: \n");
+    EXPECT_EQ(mistakes("{\"students\":[]}"), "assignments: this list is missing: \n");
+    EXPECT_EQ(textOf(sheetFromJson("[1]", CodePage::windows1252()).mistakes), mistakes("{}"));
     EXPECT_TRUE(mistakes("{\"students\":[").starts_with("json: parse error at line 1, column 14"));
     EXPECT_EQ(mistakes("{\"title\":5,\"assignments\":[{\"name\":\"a\\nb\",\"value\":1000}],"
                        "\"students\":[{\"name\":\"A\",\"scores\":[]},"

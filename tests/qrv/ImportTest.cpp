@@ -230,9 +230,9 @@ TEST_F(ImportTest, AFullDiskLeavesTheOldSheet) {
     makeClass();
     const std::string old = read("class.qrv");
     std::string csv = "Name,Alias\nValue,\n";
-    for (int i = 0; i < 200; ++i) csv += "Somebody,alias\n";
+    for (int i = 0; i < 5000; ++i) csv += "Somebody,alias\n";
     write("long.csv", csv);
-    const ProgramRun run = shell("trap '' XFSZ; ulimit -f 20; qrv import long.csv -o class.qrv");
+    const ProgramRun run = shell("trap '' XFSZ; ulimit -f 1000; qrv import long.csv -o class.qrv");
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_TRUE(isOneLine(run.problem, "qrv: class.qrv: it cannot be written"));
     EXPECT_EQ(read("class.qrv"), old);

@@ -1,8 +1,8 @@
 # shellcheck shell=bash
 # What Debian 12 lacks for building and testing, and how it gets here. Sourced.
 
-readonly headless_packages=(cmake g++ libcli11-dev libgtest-dev ninja-build nlohmann-json3-dev parallel
-    python3)
+readonly headless_packages=(cmake g++ libcli11-dev libgtest-dev libpng-dev ninja-build
+    nlohmann-json3-dev parallel python3)
 readonly style_packages=(clang clang-format clang-tidy shellcheck)
 readonly fuzz_packages=(clang libclang-rt-14-dev)
 readonly coverage_packages=(gcovr)

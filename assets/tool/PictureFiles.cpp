@@ -4,6 +4,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include <png.h>
+
 namespace quorvel::art {
 namespace {
 
@@ -12,6 +14,9 @@ constexpr std::uint32_t infoHeaderSize = 40;
 constexpr std::uint32_t iconHeaderSize = 6;
 constexpr std::uint32_t iconEntrySize = 16;
 constexpr int rowAlignment = 4;  // bytes, in .bmp and .ico alike
+
+// Windows takes a picture of an icon as PNG, too; what is larger than this is much smaller so.
+constexpr int largestPlainIcon = 48;
 
 void put16(std::string& bytes, std::uint32_t value) {
     bytes += static_cast<char>(value & 0xFFU);
@@ -39,7 +44,7 @@ void putBlueGreenRed(std::string& bytes, Pixel pixel) {
 }
 
 /// One picture of an icon: its colours, then the mask of what is see-through, one bit a pixel.
-std::string iconPicture(const Picture& picture) {
+std::string plainIconPicture(const Picture& picture) {
     std::string bytes;
     putInfoHeader(bytes, picture.width(), picture.height() * 2, 32);
     for (int y = picture.height() - 1; y >= 0; --y) {
@@ -59,6 +64,33 @@ std::string iconPicture(const Picture& picture) {
         bytes += row;
     }
     return bytes;
+}
+
+std::string pngFile(const Picture& picture) {
+    std::string colours;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            putBlueGreenRed(colours, picture.at(x, y));
+            colours += static_cast<char>(picture.at(x, y).alpha);
+        }
+    }
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = static_cast<png_uint_32>(picture.width());
+    image.height = static_cast<png_uint_32>(picture.height());
+    image.format = PNG_FORMAT_BGRA;
+    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
+    std::string bytes(size, '\0');
+    if (png_image_write_to_memory(&image, bytes.data(), &size, 0, colours.data(), 0, nullptr) ==
+        0) {
+        throw std::runtime_error(image.message);
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+std::string iconPicture(const Picture& picture) {
+    return picture.width() <= largestPlainIcon ? plainIconPicture(picture) : pngFile(picture);
 }
 
 }  // namespace
@@ -89,7 +121,7 @@ std::string iconFile(std::span<const Picture> pictures) {
     std::string bodies;
     for (const Picture& picture : pictures) {
         const std::string body = iconPicture(picture);
-        bytes += static_cast<char>(picture.width());
+        bytes += static_cast<char>(picture.width());  // 0 for 256
         bytes += static_cast<char>(picture.height());
         put16(bytes, 0);  // no palette, reserved
         put16(bytes, 1);  // planes

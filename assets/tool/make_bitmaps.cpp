@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "assets/tool/CanvasDrawing.h"
+#include "assets/tool/IconDrawing.h"
 #include "assets/tool/PictureFiles.h"
 #include "assets/tool/TextBlocks.h"
 
@@ -74,35 +75,12 @@ void writeCanvases(const std::filesystem::path& art, const Palette& palette,
     }
 }
 
-/// The first block gives each character of the pictures its colour; the others are the pictures.
-void writeIcon(const std::filesystem::path& art, const std::filesystem::path& icon) {
-    const std::vector<Block> blocks = readBlocks(art / "icon.txt");
-    const Palette colours = readPalette(art / "icon.txt");
-    std::vector<Picture> pictures;
-    for (std::size_t i = 1; i < blocks.size(); ++i) {
-        const Block& block = blocks[i];
-        if (block.width() != block.height()) {
-            block.heading.refuse("a picture of the icon is square");
-        }
-        Picture picture(block.width(), block.height());
-        for (int y = 0; y < block.height(); ++y) {
-            const Line& line = block.lines[static_cast<std::size_t>(y)];
-            for (int x = 0; x < block.width(); ++x) {
-                const std::string character(1, line.text[static_cast<std::size_t>(x)]);
-                picture.set(x, y, colourNamed(colours, line, character));
-            }
-        }
-        pictures.push_back(picture);
-    }
-    writeFile(icon, iconFile(pictures));
-}
-
 void makeBitmaps(const std::filesystem::path& art, const std::filesystem::path& bitmaps,
                  const std::filesystem::path& icon) {
     const Palette palette = readPalette(art / "colours.txt");
     writeGlyphs(art, palette, bitmaps);
     writeCanvases(art, palette, bitmaps);
-    writeIcon(art, icon);
+    writeFile(icon, iconFile(iconPictures(art / "icon.txt")));
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 #include <array>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <set>
 #include <string>
@@ -13,6 +10,8 @@
 #include "window/Layout.h"
 
 #include <gtest/gtest.h>
+
+#include "FileBytes.h"
 
 namespace quorvel {
 namespace {
@@ -27,21 +26,6 @@ struct Colour24 {
 
 void PrintTo(const Colour24& colour, std::ostream* stream) {
     *stream << '(' << colour.red << ' ' << colour.green << ' ' << colour.blue << ')';
-}
-
-std::string fileBytes(const std::string& name) {
-    std::ifstream stream(std::filesystem::path(QUORVEL_ASSETS_FOLDER) / name, std::ios::binary);
-    EXPECT_TRUE(stream) << name << " is missing";
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-int byteAt(const std::string& bytes, std::size_t place) {
-    return static_cast<unsigned char>(bytes.at(place));
-}
-
-int numberAt(const std::string& bytes, std::size_t place) {
-    return byteAt(bytes, place) | byteAt(bytes, place + 1) << 8 | byteAt(bytes, place + 2) << 16 |
-           byteAt(bytes, place + 3) << 24;
 }
 
 /// A bitmap as the program's own folder holds it.
@@ -353,24 +337,6 @@ TEST(Bitmaps, BothLayoutsLookAlikeButForTheNumberOfColumns) {
                 ASSERT_EQ(wide.at(wideX, y), small.at(x, y)) << smallName << ' ' << x << ' ' << y;
             }
         }
-    }
-}
-
-TEST(Bitmaps, TheIconHasThreeSizes) {
-    const std::string icon = fileBytes("Quorvel.ico");
-    EXPECT_EQ(byteAt(icon, 2), 1);
-    ASSERT_EQ(byteAt(icon, 4), 3);
-    constexpr std::array sizes{16, 32, 48};
-    for (std::size_t i = 0; i < sizes.size(); ++i) {
-        const std::size_t entry = 6 + 16 * i;
-        const auto size = static_cast<std::size_t>(numberAt(icon, entry + 8));
-        const auto place = static_cast<std::size_t>(numberAt(icon, entry + 12));
-        EXPECT_EQ(byteAt(icon, entry), sizes[i]);
-        EXPECT_EQ(byteAt(icon, entry + 1), sizes[i]);
-        EXPECT_EQ(byteAt(icon, entry + 6), 32);
-        EXPECT_LE(place + size, icon.size());
-        EXPECT_EQ(numberAt(icon, place + 4), sizes[i]);
-        EXPECT_EQ(numberAt(icon, place + 8), sizes[i] * 2);
     }
 }
 

@@ -90,9 +90,10 @@ Picture drawShapes(const std::vector<Shape>& shapes, double field, int size) {
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
             Mixture mixture;
-            for (int i = 0; i < samples * samples; ++i) {
-                mixture.add(topmost(shapes, {(x * samples + i % samples + 0.5) * step,
-                                             (y * samples + i / samples + 0.5) * step}));
+            for (int down = y * samples; down < (y + 1) * samples; ++down) {
+                for (int across = x * samples; across < (x + 1) * samples; ++across) {
+                    mixture.add(topmost(shapes, {(across + 0.5) * step, (down + 0.5) * step}));
+                }
             }
             picture.set(x, y, mixture.mean());
         }
